@@ -1,0 +1,10 @@
+#include "platform/Log.h"
+
+namespace platform {
+
+void logLine(const QString &line)
+{
+    qInfo().noquote() << line;
+}
+
+} // namespace platform

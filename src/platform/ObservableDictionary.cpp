@@ -1,0 +1,25 @@
+#include "platform/ObservableDictionary.h"
+
+namespace platform {
+
+QString ObservableDictionary::stringValue(const QString &key) const
+{
+    const QVariant found = m_values.value(key);
+    return found.typeId() == QMetaType::QString ? found.toString() : QString();
+}
+
+void ObservableDictionary::setValue(const QString &key, const QVariant &value)
+{
+    const auto found = m_values.constFind(key);
+    const QVariant old = found == m_values.constEnd() ? QVariant() : *found;
+    if (old.typeId() == value.typeId() && old == value)
+        return;
+    const QString changedKey = key; // the caller's may live in the map
+    if (value.isValid())
+        m_values.insert(key, value);
+    else
+        m_values.remove(key);
+    Q_EMIT valueChanged(changedKey);
+}
+
+} // namespace platform
