@@ -1,0 +1,79 @@
+#include "kit/ui/ApplicationStyle.h"
+
+#include "platform/Appearance.h"
+
+#include <QApplication>
+#include <QRegularExpression>
+#include <QStyleFactory>
+
+namespace zq {
+
+namespace {
+
+// "@name" stands for a named colour.
+const QString sheet = QStringLiteral(R"(
+QMainWindow, QStackedWidget, QScrollArea, #designPage, #editorView { background: @contentBackground; }
+#sidebar, LSMOutlineView { background: @sidebarBackground; }
+#splitter::handle, #htmlSplitter::handle { background: @separatorColor; }
+QToolBar { background: @windowBackground; border: none; border-bottom: 1px solid @separatorColor;
+           padding: 3px 8px; spacing: 2px; }
+QMenuBar { background: @windowBackground; padding: 2px 4px; }
+QMenuBar::item { padding: 4px 9px; border-radius: 4px; background: transparent; }
+QMenuBar::item:selected { background: @inactiveSelectionBackground; }
+QStatusBar { background: @windowBackground; border-top: 1px solid @separatorColor; }
+QStatusBar::item { border: none; }
+QStatusBar QLabel { color: @secondaryLabelColor; padding: 2px 10px; }
+#banner { background: @bannerBackground; border: none; border-bottom: 1px solid @separatorColor; }
+#bannerText { color: @bannerTextColor; }
+QLineEdit { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
+            padding: 4px 6px; }
+QLineEdit:focus { border: 1px solid @accentColor; }
+QLineEdit:read-only { background: transparent; }
+QLineEdit[frame="false"] { border: none; padding: 0; }
+#emptyText { color: @secondaryLabelColor; }
+QPushButton { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
+              padding: 5px 14px; }
+QPushButton:hover { border-color: @accentColor; }
+QPushButton:pressed { background: @inactiveSelectionBackground; }
+QPushButton:default { background: @accentColor; color: @accentTextColor; border-color: @accentColor; }
+QPushButton:focus { border-color: @accentColor; }
+QPushButton:disabled { color: @secondaryLabelColor; }
+QScrollBar { background: transparent; border: none; margin: 0; }
+QScrollBar:vertical { width: 12px; }
+QScrollBar:horizontal { height: 12px; }
+QScrollBar::handle { background: @controlBorder; border-radius: 4px; margin: 2px; }
+QScrollBar::handle:hover { background: @secondaryLabelColor; }
+QScrollBar::handle:vertical { min-height: 32px; }
+QScrollBar::handle:horizontal { min-width: 32px; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+#samplesList, #propertiesView { background: @controlBackground; border: 1px solid @separatorColor;
+                                border-radius: 6px; padding: 4px; }
+#samplesList::item, #propertiesView::item { padding: 4px 2px; }
+QHeaderView::section { background: @windowBackground; color: @secondaryLabelColor; border: none;
+                       padding: 5px 8px; }
+)");
+
+void apply()
+{
+    const auto scheme = platform::Appearance::shared().colorScheme();
+    QApplication::setPalette(platform::palette(scheme));
+    QString text = sheet;
+    static const QRegularExpression name(QStringLiteral("@(\\w+)"));
+    for (auto match = name.match(text); match.hasMatch(); match = name.match(text))
+        text.replace(match.capturedStart(), match.capturedLength(),
+                     platform::namedColor(match.captured(1), scheme).name());
+    qApp->setStyleSheet(text);
+}
+
+} // namespace
+
+void installApplicationStyle()
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    apply();
+    QObject::connect(&platform::Appearance::shared(), &platform::Appearance::colorSchemeDidChange,
+                     qApp, apply);
+}
+
+} // namespace zq

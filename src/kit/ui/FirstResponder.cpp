@@ -1,0 +1,112 @@
+#include "kit/ui/FirstResponder.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+
+namespace zq {
+
+namespace {
+
+struct Abilities
+{
+    bool undo = false;
+    bool redo = false;
+    bool hasSelection = false;
+    bool editable = false;
+    bool text = false;
+};
+
+template <class View>
+Abilities abilitiesOfTextView(const View &view)
+{
+    const bool editable = !view.isReadOnly();
+    return {editable && view.document()->isUndoAvailable(),
+            editable && view.document()->isRedoAvailable(), view.textCursor().hasSelection(),
+            editable, true};
+}
+
+Abilities abilities()
+{
+    const QWidget *focus = QApplication::focusWidget();
+    if (const auto *field = qobject_cast<const QLineEdit *>(focus))
+        return {field->isUndoAvailable(), field->isRedoAvailable(), field->hasSelectedText(),
+                !field->isReadOnly(), true};
+    if (const auto *view = qobject_cast<const QPlainTextEdit *>(focus))
+        return abilitiesOfTextView(*view);
+    if (const auto *view = qobject_cast<const QTextEdit *>(focus))
+        return abilitiesOfTextView(*view);
+    return {};
+}
+
+void tellFocusWidget(const char *slot)
+{
+    if (QWidget *focus = QApplication::focusWidget())
+        QMetaObject::invokeMethod(focus, slot);
+}
+
+} // namespace
+
+void FirstResponder::undo(QObject *)
+{
+    tellFocusWidget("undo");
+}
+
+void FirstResponder::redo(QObject *)
+{
+    tellFocusWidget("redo");
+}
+
+void FirstResponder::cut(QObject *)
+{
+    tellFocusWidget("cut");
+}
+
+void FirstResponder::copy(QObject *)
+{
+    tellFocusWidget("copy");
+}
+
+void FirstResponder::paste(QObject *)
+{
+    tellFocusWidget("paste");
+}
+
+void FirstResponder::selectAll(QObject *)
+{
+    tellFocusWidget("selectAll");
+}
+
+bool FirstResponder::validateUndo(QObject *)
+{
+    return abilities().undo;
+}
+
+bool FirstResponder::validateRedo(QObject *)
+{
+    return abilities().redo;
+}
+
+bool FirstResponder::validateCut(QObject *)
+{
+    return abilities().editable && abilities().hasSelection;
+}
+
+bool FirstResponder::validateCopy(QObject *)
+{
+    return abilities().hasSelection;
+}
+
+bool FirstResponder::validatePaste(QObject *)
+{
+    return abilities().editable && !QApplication::clipboard()->text().isEmpty();
+}
+
+bool FirstResponder::validateSelectAll(QObject *)
+{
+    return abilities().text;
+}
+
+} // namespace zq

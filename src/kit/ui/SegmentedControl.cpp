@@ -1,0 +1,275 @@
+#include "kit/ui/SegmentedControl.h"
+
+#include "kit/ui/TargetAction.h"
+
+#include <QAbstractButton>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyle>
+
+namespace zq {
+
+namespace {
+
+constexpr qreal radius = 6;
+constexpr int focusRing = 2; // Around the frame, in pixels.
+constexpr int iconExtent = 18;
+constexpr int horizontalPadding = 14;
+
+QColor mixed(const QColor &over, const QColor &under, qreal share)
+{
+    return QColor::fromRgbF(float(over.redF() * share + under.redF() * (1 - share)),
+                            float(over.greenF() * share + under.greenF() * (1 - share)),
+                            float(over.blueF() * share + under.blueF() * (1 - share)));
+}
+
+} // namespace
+
+/// One segment; a checkable button, so that it has a place of its own for assistive technology.
+class SegmentedControl::Segment : public QAbstractButton
+{
+public:
+    explicit Segment(SegmentedControl *parent) : QAbstractButton(parent)
+    {
+        setFocusPolicy(Qt::NoFocus);
+        setCheckable(true);
+        setIconSize(QSize(iconExtent, iconExtent));
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    }
+
+    QSize sizeHint() const override
+    {
+        const int content = (icon().isNull() ? 0 : iconExtent) +
+                            (icon().isNull() || text().isEmpty() ? 0 : 6) +
+                            fontMetrics().horizontalAdvance(text());
+        return {content + 2 * horizontalPadding, qMax(fontMetrics().height(), iconExtent) + 8};
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void enterEvent(QEnterEvent *) override { update(); }
+    void leaveEvent(QEvent *) override { update(); }
+
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintGround(painter);
+        const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+        const bool isLit = isChecked() && isEnabled();
+        painter.setPen(
+            palette().color(group, isLit ? QPalette::HighlightedText : QPalette::ButtonText));
+        const int iconWidth = icon().isNull() ? 0 : iconExtent;
+        const int gap = iconWidth && !text().isEmpty() ? 6 : 0;
+        const int width = iconWidth + gap + fontMetrics().horizontalAdvance(text());
+        const int left = (this->width() - width) / 2;
+        icon().paint(&painter, QRect(left, 0, iconWidth, height()), Qt::AlignCenter,
+                     !isEnabled() ? QIcon::Disabled
+                     : isLit      ? QIcon::Selected
+                                  : QIcon::Normal);
+        painter.drawText(rect().adjusted(left + iconWidth + gap, 0, 0, 0),
+                         Qt::AlignLeft | Qt::AlignVCenter, text());
+    }
+
+private:
+    void paintGround(QPainter &painter)
+    {
+        const QRectF inner = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
+        painter.setPen(Qt::NoPen);
+        const QColor text = palette().color(QPalette::ButtonText);
+        if (isChecked())
+            painter.setBrush(isEnabled() ? palette().color(QPalette::Active, QPalette::Highlight)
+                                         : mixed(text, palette().color(QPalette::Window), 0.3));
+        else if (isEnabled() && (isDown() || underMouse()))
+            painter.setBrush(QColor(text.red(), text.green(), text.blue(), isDown() ? 45 : 22));
+        else
+            painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(inner, radius - 1.5, radius - 1.5);
+    }
+};
+
+SegmentedControl::SegmentedControl(QWidget *parent) : QWidget(parent)
+{
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(focusRing, focusRing, focusRing, focusRing);
+    layout->setSpacing(0);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+}
+
+SegmentedControl::SegmentedControl(const QStringList &labels, QWidget *parent)
+    : SegmentedControl(parent)
+{
+    setSegmentCount(int(labels.size()));
+    for (int segment = 0; segment < segmentCount(); ++segment)
+        setLabel(segment, labels[segment]);
+}
+
+int SegmentedControl::segmentCount() const
+{
+    return int(m_segments.size());
+}
+
+void SegmentedControl::setSegmentCount(int count)
+{
+    count = qMax(0, count);
+    if (m_selected >= count)
+        setSelectedSegment(-1);
+    while (segmentCount() > count)
+        delete m_segments.takeLast();
+    while (segmentCount() < count) {
+        auto *segment = new Segment(this);
+        const int index = segmentCount();
+        setTag(segment, index);
+        connect(segment, &Segment::clicked, this, [this, index] { select(index); });
+        m_segments << segment;
+        layout()->addWidget(segment);
+        segment->show();
+    }
+}
+
+int SegmentedControl::selectedSegment() const
+{
+    return m_selected;
+}
+
+void SegmentedControl::setSelectedSegment(int segment)
+{
+    if (segment < -1 || segment >= segmentCount())
+        return;
+    const bool isOther = segment != m_selected;
+    m_selected = segment;
+    for (int index = 0; index < segmentCount(); ++index)
+        m_segments[index]->setChecked(index == segment);
+    update();
+    if (isOther)
+        Q_EMIT selectedSegmentDidChange(segment);
+}
+
+bool SegmentedControl::selectSegmentWithTag(int tag)
+{
+    for (int segment = 0; segment < segmentCount(); ++segment)
+        if (segmentTag(segment) == tag) {
+            setSelectedSegment(segment);
+            return true;
+        }
+    return false;
+}
+
+int SegmentedControl::selectedTag() const
+{
+    return m_selected < 0 ? -1 : segmentTag(m_selected);
+}
+
+QString SegmentedControl::label(int segment) const
+{
+    return m_segments.at(segment)->text();
+}
+
+void SegmentedControl::setLabel(int segment, const QString &label)
+{
+    m_segments.at(segment)->setText(label);
+    m_segments.at(segment)->updateGeometry();
+}
+
+void SegmentedControl::setImage(int segment, const QIcon &image)
+{
+    m_segments.at(segment)->setIcon(image);
+    m_segments.at(segment)->updateGeometry();
+}
+
+void SegmentedControl::setSegmentToolTip(int segment, const QString &text)
+{
+    m_segments.at(segment)->setToolTip(text);
+    if (label(segment).isEmpty())
+        m_segments.at(segment)->setAccessibleName(text);
+}
+
+int SegmentedControl::segmentTag(int segment) const
+{
+    return tag(m_segments.at(segment));
+}
+
+void SegmentedControl::setSegmentTag(int segment, int tag)
+{
+    setTag(m_segments.at(segment), tag);
+}
+
+bool SegmentedControl::isSegmentEnabled(int segment) const
+{
+    return m_segments.at(segment)->isEnabledTo(this);
+}
+
+void SegmentedControl::setSegmentEnabled(int segment, bool enabled)
+{
+    m_segments.at(segment)->setEnabled(enabled);
+}
+
+void SegmentedControl::select(int segment)
+{
+    setSelectedSegment(segment);
+    Q_EMIT activated(segment);
+}
+
+void SegmentedControl::selectNextEnabled(int from, int step)
+{
+    for (int segment = from; segment >= 0 && segment < segmentCount(); segment += step)
+        if (isSegmentEnabled(segment))
+            return segment == m_selected ? void() : select(segment);
+}
+
+void SegmentedControl::keyPressEvent(QKeyEvent *event)
+{
+    const int forward = layoutDirection() == Qt::LeftToRight ? 1 : -1;
+    const int last = segmentCount() - 1;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return selectNextEnabled(m_selected < 0 ? 0 : m_selected - forward, -forward);
+    case Qt::Key_Right:
+        return selectNextEnabled(m_selected < 0 ? 0 : m_selected + forward, forward);
+    case Qt::Key_Home:
+        return selectNextEnabled(0, 1);
+    case Qt::Key_End:
+        return selectNextEnabled(last, -1);
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void SegmentedControl::focusInEvent(QFocusEvent *)
+{
+    update();
+}
+
+void SegmentedControl::focusOutEvent(QFocusEvent *)
+{
+    update();
+}
+
+void SegmentedControl::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor window = palette().color(QPalette::Window);
+    const QColor text = palette().color(QPalette::WindowText);
+    const QRectF frame = QRectF(rect()).adjusted(focusRing, focusRing, -focusRing, -focusRing);
+    if (hasFocus()) {
+        QColor ring = palette().color(QPalette::Highlight);
+        ring.setAlphaF(0.5F);
+        painter.setPen(QPen(ring, focusRing));
+        painter.drawRoundedRect(frame.adjusted(-0.5, -0.5, 0.5, 0.5), radius + 1, radius + 1);
+    }
+    painter.setPen(mixed(text, window, 0.25));
+    painter.setBrush(mixed(text, window, 0.06));
+    painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    for (int segment = 1; segment < segmentCount(); ++segment) {
+        if (segment == m_selected || segment - 1 == m_selected)
+            continue;
+        const int x = m_segments[segment]->geometry().left();
+        painter.drawLine(QPointF(x, frame.top() + 6), QPointF(x, frame.bottom() - 6));
+    }
+}
+
+} // namespace zq

@@ -1,0 +1,81 @@
+#include "kit/ui/TintedIcon.h"
+
+#include "platform/Assert.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+namespace zq {
+
+namespace {
+
+QColor tint(QIcon::Mode mode)
+{
+    const QPalette palette = QGuiApplication::palette();
+    if (mode == QIcon::Selected)
+        return palette.color(QPalette::Active, QPalette::HighlightedText);
+    return palette.color(mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active,
+                         QPalette::ButtonText);
+}
+
+class TintedIconEngine : public QIconEngine
+{
+public:
+    explicit TintedIconEngine(const QString &path) : m_path(path) {}
+
+    QIconEngine *clone() const override { return new TintedIconEngine(m_path); }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
+    {
+        const qreal scale = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(rect, drawn((QSizeF(rect.size()) * scale).toSize(), mode));
+    }
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override
+    {
+        return drawn(size, mode);
+    }
+
+private:
+    QPixmap drawn(const QSize &pixels, QIcon::Mode mode) const
+    {
+        const QColor color = tint(mode);
+        const QString key = QStringLiteral("%1 %2x%3 %4")
+                                .arg(m_path)
+                                .arg(pixels.width())
+                                .arg(pixels.height())
+                                .arg(color.rgba(), 0, 16);
+        QPixmap pixmap;
+        if (QPixmapCache::find(key, &pixmap))
+            return pixmap;
+        pixmap = QPixmap(pixels);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        QSvgRenderer drawing(m_path);
+        drawing.setAspectRatioMode(Qt::KeepAspectRatio);
+        drawing.render(&painter);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(pixmap.rect(), color);
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
+        return pixmap;
+    }
+
+    QString m_path;
+};
+
+} // namespace
+
+QIcon tintedIcon(const QString &name)
+{
+    const QString path = QStringLiteral(":/layoutsmith/images/%1.svg").arg(name);
+    PLATFORM_ASSERT(QFile::exists(path), "missing image %@", path);
+    return QIcon(new TintedIconEngine(path));
+}
+
+} // namespace zq

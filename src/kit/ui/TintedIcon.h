@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QIcon>
+
+namespace zq {
+
+/// The line drawing ":/layoutsmith/images/NAME.svg" in the colour of button texts, disabled ones
+/// too. It follows the application's palette as that turns light or dark, and is drawn sharp at any
+/// size. A missing image is a programming fault. Main thread.
+QIcon tintedIcon(const QString &name);
+
+} // namespace zq
