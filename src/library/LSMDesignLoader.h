@@ -1,0 +1,17 @@
+#pragma once
+
+#include "library/LSMDesignTemplateGroup.h"
+
+/// Reads a template directory. The entries are read side by side on all cores, since a directory of
+/// several thousand designs must open as easily as a dozen; the call returns when all are there.
+namespace LSMDesignLoader {
+
+/// The designs directly inside `directory`, in no order. An entry that is no design is ignored, one
+/// that cannot be read is left out with a line in the log; a directory that cannot be read is
+/// empty.
+LSMDesignTemplateGroup::Designs load(const QString &directory, const QString &type);
+
+/// The paths of the entries that are designs by their names.
+QStringList candidates(const QString &directory);
+
+} // namespace LSMDesignLoader

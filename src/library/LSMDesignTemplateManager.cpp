@@ -1,0 +1,174 @@
+#include "library/LSMDesignTemplateManager.h"
+
+#include "library/LSMDesignKeys.h"
+#include "library/LSMDesignLoader.h"
+#include "library/LSMImageUrls.h"
+#include "library/LSMLotbookConfig.h"
+#include "platform/Assert.h"
+#include "platform/Bundle.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+
+#include <algorithm>
+#include <QDir>
+#include <QSet>
+
+using namespace LSMDesignKeys;
+
+namespace {
+
+bool holds(const LSMDesignTemplate *design, const QString &value, const QString &key)
+{
+    const QVariant held = design->templateDictionary()->value(key);
+    return !value.isNull() && held.typeId() == QMetaType::QString && held.toString() == value;
+}
+
+QString withTildeExpanded(const QString &path)
+{
+    const bool tilde = path == u"~" || path.startsWith(u"~/");
+    return QDir::cleanPath(tilde ? QDir::homePath() + path.mid(1) : path);
+}
+
+} // namespace
+
+LSMDesignTemplateManager::LSMDesignTemplateManager()
+{
+    auto builtin = loadDesignTemplatesFromDir(pathForBuiltinTemplates(), builtinType);
+    auto custom = loadDesignTemplatesFromDir(pathForCustomTemplates(), customType);
+    m_groups.push_back(std::make_unique<LSMDesignTemplateGroup>(
+        platform::localized("Custom Designs"), customType, std::move(custom)));
+    m_groups.push_back(std::make_unique<LSMDesignTemplateGroup>(
+        platform::localized("Built-In Designs"), builtinType, std::move(builtin)));
+    extractKeywordsFromDesignTemplates();
+}
+
+QString LSMDesignTemplateManager::pathForBuiltinTemplates() const
+{
+    const QString application = platform::Workspace::sharedWorkspace().pathForApplication(
+        LSMLotbookConfig::lotbookApplicationIdentifier());
+    return application.isNull()
+               ? QString()
+               : application + QStringLiteral("/Contents/Resources/DesignTemplates");
+}
+
+QString LSMDesignTemplateManager::pathForCustomTemplates() const
+{
+    const QString chosen = platform::UserDefaults::standardUserDefaults().string(
+        QStringLiteral("customTemplatesPath"));
+    return QDir::isRelativePath(withTildeExpanded(chosen))
+               ? LSMLotbookConfig::lotbookDesignTemplatesPath()
+               : withTildeExpanded(chosen);
+}
+
+LSMDesignTemplateGroup *
+LSMDesignTemplateManager::designTemplateGroupForType(const QString &type) const
+{
+    const auto found = std::ranges::find_if(
+        m_groups, [&type](const auto &group) { return group->type() == type; });
+    return found == m_groups.end() ? nullptr : found->get();
+}
+
+LSMDesignTemplateGroup::Designs
+LSMDesignTemplateManager::loadDesignTemplatesFromDir(const QString &directory,
+                                                     const QString &forType)
+{
+    return LSMDesignLoader::load(directory, forType);
+}
+
+QStringList LSMDesignTemplateManager::extractImageUrlsFromString(const QString &text)
+{
+    return LSMImageUrlsInString(text);
+}
+
+void LSMDesignTemplateManager::enumerateDesignsUsingBlock(
+    const std::function<void(LSMDesignTemplate *, bool &)> &block) const
+{
+    bool stop = false;
+    for (const auto &group : m_groups) {
+        for (const auto &design : group->designTemplates()) {
+            block(design.get(), stop);
+            if (stop)
+                return;
+        }
+    }
+}
+
+bool LSMDesignTemplateManager::hasDesignWithValue(const QString &value,
+                                                  const QString &forDictionaryKey) const
+{
+    return hasDesignNotEqualToDesign(nullptr, value, forDictionaryKey);
+}
+
+bool LSMDesignTemplateManager::hasDesignNotEqualToDesign(const LSMDesignTemplate *design,
+                                                         const QString &withEqualValue,
+                                                         const QString &forDictionaryKey) const
+{
+    PLATFORM_ASSERT(!forDictionaryKey.isEmpty(), "Invalid parameter not satisfying: %@",
+                    "0 < [inKey length]");
+    bool found = false;
+    enumerateDesignsUsingBlock([&](const LSMDesignTemplate *other, bool &stop) {
+        stop = found = other != design && holds(other, withEqualValue, forDictionaryKey);
+    });
+    return found;
+}
+
+LSMDesignTemplate *LSMDesignTemplateManager::templateWithPath(const QString &path) const
+{
+    LSMDesignTemplate *found = nullptr;
+    enumerateDesignsUsingBlock([&](LSMDesignTemplate *design, bool &stop) {
+        if (!path.isNull() && design->templatePath() == path) {
+            found = design;
+            stop = true;
+        }
+    });
+    return found;
+}
+
+bool LSMDesignTemplateManager::hasUnsavedDesigns() const
+{
+    return std::ranges::any_of(designTemplateGroupForType(customType)->designTemplates(),
+                               [](const auto &design) { return design->templateShouldBeSaved(); });
+}
+
+void LSMDesignTemplateManager::addCustomDesign(std::shared_ptr<LSMDesignTemplate> design)
+{
+    designTemplateGroupForType(customType)->addDesign(std::move(design));
+}
+
+QString LSMDesignTemplateManager::uniquifyValue(const QString &value,
+                                                const QString &forDictionaryKey,
+                                                const QString &withSeparator) const
+{
+    if (!hasDesignWithValue(value, forDictionaryKey))
+        return value;
+    for (qint64 counter = 1;; ++counter) {
+        const QString numbered =
+            platform::format(QStringLiteral("%@%@%ld"), value, withSeparator, counter);
+        if (!hasDesignWithValue(numbered, forDictionaryKey))
+            return numbered;
+    }
+}
+
+QString LSMDesignTemplateManager::uniquifyDesignTitle(const QString &title) const
+{
+    return uniquifyValue(title, name, QStringLiteral(" "));
+}
+
+QString LSMDesignTemplateManager::uniquifyDesignIdentifier(const QString &identifier) const
+{
+    return uniquifyValue(identifier, LSMDesignKeys::identifier, QStringLiteral("-"));
+}
+
+void LSMDesignTemplateManager::extractKeywordsFromDesignTemplates()
+{
+    QSet<QString> keywords;
+    enumerateDesignsUsingBlock([&keywords](const LSMDesignTemplate *design, bool &) {
+        for (const QString &keyword : design->keywords())
+            keywords.insert(keyword);
+    });
+    m_keywords = {keywords.begin(), keywords.end()};
+    m_keywords.sort(Qt::CaseSensitive); // settles the order of those that differ in case alone
+    std::ranges::stable_sort(m_keywords, [](const QString &a, const QString &b) {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    });
+}
