@@ -1,0 +1,216 @@
+// The commands on designs: the half of LSMMainWindowController that makes, duplicates, saves,
+// reverts, reveals and deletes them.
+#include "workbench/LSMMainWindowController.h"
+
+#include "kit/ui/ZQRunAlertPanel.h"
+#include "library/LSMDesignKeys.h"
+#include "platform/Assert.h"
+#include "platform/Bundle.h"
+#include "platform/Log.h"
+#include "platform/Workspace.h"
+#include "workbench/LSMDesignEditorViewController.h"
+#include "workbench/LSMOutlineViewController.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+using namespace LSMDesignKeys;
+using platform::localized;
+
+namespace {
+
+constexpr char16_t bullet = 8226;
+
+// What speaks against saving a design, in the order in which it is told.
+QStringList issuesOf(const LSMDesignTemplate &design, const LSMDesignTemplateManager &manager)
+{
+    QStringList issues;
+    if (design.templateIdentifier().isEmpty())
+        issues << localized("The template identifier must not be empty\n");
+    if (manager.hasDesignNotEqualToDesign(&design, design.templateName(), name))
+        issues << localized("A template with the same name exists\n");
+    if (manager.hasDesignNotEqualToDesign(&design, design.templateIdentifier(), identifier))
+        issues << localized("A template with the same identifier exists\n");
+    return issues;
+}
+
+} // namespace
+
+QString LSMMainWindowController::identifierStringFromTitle(const QString &title)
+{
+    return platform::format(QStringLiteral("com.myserver.%@"),
+                            title.trimmed().replace(u' ', u'-').toLower());
+}
+
+void LSMMainWindowController::insertDesign(std::shared_ptr<LSMDesignTemplate> design)
+{
+    LSMDesignTemplate *inserted = design.get();
+    m_manager->addCustomDesign(std::move(design));
+    m_outline->selectCustomDesign(inserted);
+    m_outline->reloadDesign(inserted);
+}
+
+void LSMMainWindowController::createNewDesignAction(QObject *)
+{
+    const LSMDesignTemplate *selected = selectedDesign();
+    const auto clashes = [&](const QString &value, const QString &key) {
+        return selected && m_manager->hasDesignNotEqualToDesign(selected, value, key);
+    };
+    if (selected && (clashes(selected->templateName(), name) ||
+                     clashes(selected->templateIdentifier(), identifier)))
+        return;
+    createNewTemplate();
+    if (LSMDesignTemplate *created = selectedDesign())
+        created->setTemplateShouldBeSaved(true);
+    selectionDidChange();
+}
+
+void LSMMainWindowController::createNewTemplate()
+{
+    const QString title = m_manager->uniquifyDesignTitle(localized("New Design"));
+    auto design = LSMDesignTemplate::templateWithTitle(title, {}, customType);
+    design->templateDictionary()->setValue(
+        identifier, m_manager->uniquifyDesignIdentifier(identifierStringFromTitle(title)));
+    insertDesign(std::move(design));
+}
+
+void LSMMainWindowController::duplicateAction(QObject *)
+{
+    duplicateSelectedTemplate();
+}
+
+void LSMMainWindowController::duplicateSelectedTemplate()
+{
+    const LSMDesignTemplate *selected = selectedDesign();
+    auto copy = selected ? selected->copy() : nullptr;
+    if (!copy) {
+        QApplication::beep();
+        return;
+    }
+    copy->setType(customType);
+    const QString title = m_manager->uniquifyDesignTitle(copy->templateName());
+    const auto dictionary = copy->templateDictionary();
+    dictionary->setValue(name, title);
+    dictionary->setValue(identifier,
+                         m_manager->uniquifyDesignIdentifier(identifierStringFromTitle(title)));
+    dictionary->setValue(remoteDirectory, QStringLiteral(""));
+    dictionary->setValue(version, QStringLiteral("1.0"));
+    copy->setTemplatePath({});
+    copy->setTemplateShouldBeSaved(true);
+    insertDesign(std::move(copy));
+    selectionDidChange();
+}
+
+bool LSMMainWindowController::canSaveDesign(LSMDesignTemplate *design)
+{
+    const QStringList issues = issuesOf(*design, *m_manager);
+    if (issues.isEmpty())
+        return true;
+    QString message = platform::format(
+        localized("Are you sure you want to save the Template '%@'? The following issues were "
+                  "found:\n\n"),
+        design->templateName());
+    for (const QString &issue : issues)
+        message += platform::format(QStringLiteral("%C %@"), bullet, issue);
+    return ZQRunAlertPanel(localized("Template Error"), QStringLiteral("%@"), localized("Save"),
+                           localized("Cancel"), {}, message) == ZQAlertFirstButtonReturn;
+}
+
+bool LSMMainWindowController::saveDesign(LSMDesignTemplate *design)
+{
+    PLATFORM_ASSERT(design->isCustomDesignTemplate(), "Must not save builtin designs");
+    if (!canSaveDesign(design))
+        return true;
+    platform::Error error;
+    if (!m_manager->saveDesignTemplate(design, &error)) {
+        platform::log("could not save \"%@\": %@", design->templateName(), error.description);
+        return false;
+    }
+    design->setTemplateShouldBeSaved(false);
+    updateEdited();
+    return true;
+}
+
+void LSMMainWindowController::saveAction(QObject *)
+{
+    LSMDesignTemplate *design = selectedDesign();
+    if (!design || !design->templateShouldBeSaved())
+        return;
+    if (!saveDesign(design))
+        ZQRunAlertPanel(localized("Saving Failed"),
+                        localized("Failed to save the selected design template."), localized("OK"));
+    m_outline->reloadDesign(design);
+    m_editor->updateFacts();
+}
+
+void LSMMainWindowController::saveAllAction(QObject *)
+{
+    const auto designs = m_manager->designTemplateGroupForType(customType)->designTemplates();
+    for (const auto &design : designs) {
+        if (design->templateShouldBeSaved())
+            saveDesign(design.get());
+    }
+    m_editor->updateFacts();
+    m_window->setWindowModified(false);
+    updateStatus();
+}
+
+void LSMMainWindowController::revertAction(QObject *)
+{
+    LSMDesignTemplate *design = selectedDesign();
+    if (!design || !design->isCustomDesignTemplate() || design->templatePath().isNull()) {
+        QApplication::beep();
+        return;
+    }
+    design->revertToSaved();
+    m_outline->reloadDesign(design);
+    m_editor->reloadData();
+    selectionDidChange();
+}
+
+void LSMMainWindowController::revealAction(QObject *)
+{
+    const LSMDesignTemplate *design = selectedDesign();
+    if (!design || design->templatePath().isNull() ||
+        !platform::Workspace::sharedWorkspace().selectFile(
+            design->templatePath(), QFileInfo(design->templatePath()).path()))
+        QApplication::beep();
+}
+
+void LSMMainWindowController::deleteAction(QObject *)
+{
+    if (!selectedDesign() || !selectedDesign()->isCustomDesignTemplate()) {
+        QApplication::beep();
+        return;
+    }
+    if (ZQRunAlertPanel(localized("Delete Design"),
+                        localized("Do you want to delete the selected design?"),
+                        localized("Delete"), localized("Cancel")) == ZQAlertFirstButtonReturn)
+        deleteTemplate();
+}
+
+void LSMMainWindowController::deleteTemplate()
+{
+    if (LSMDesignTemplate *design = selectedDesign()) {
+        m_manager->deleteDesignTemplate(design);
+        m_outline->reloadData();
+        m_editor->reloadData();
+        selectionDidChange();
+    }
+}
+
+bool LSMMainWindowController::validateSaveAction(QObject *)
+{
+    const LSMDesignTemplate *design = selectedDesign();
+    return design && design->templateShouldBeSaved() && design->isCustomDesignTemplate();
+}
+
+bool LSMMainWindowController::validateSaveAllAction(QObject *)
+{
+    return m_manager->hasUnsavedDesigns();
+}
+
+bool LSMMainWindowController::validateDuplicateAction(QObject *)
+{
+    return selectedDesign();
+}

@@ -1,0 +1,358 @@
+#include "workbench/LSMDesignEditorViewController.h"
+
+#include "kit/ui/OpenPanel.h"
+#include "kit/ui/TintedIcon.h"
+#include "kit/ZQImageExtensions.h"
+#include "library/LSMDesignKeys.h"
+#include "platform/Assert.h"
+#include "platform/Bundle.h"
+#include "platform/NotificationCenter.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+#include "ui_LSMDesignEditorViewController.h"
+#include "workbench/LSMNotifications.h"
+#include "workbench/LSMPreviewDocument.h"
+#include "workbench/LSMPropertyListItems.h"
+
+#include <QDir>
+#include <QLocale>
+
+using namespace std::chrono_literals;
+using platform::localizable;
+using platform::localized;
+using platform::NotificationCenter;
+
+namespace {
+
+constexpr auto previewDelay = 500ms;
+constexpr QSize largestPicture(300, 300);
+constexpr const char *segmentLabels[] = {localizable("Design"), localizable("HTML"),
+                                         localizable("Samples"), localizable("Properties"),
+                                         localizable("Store")};
+
+QString listed(const QStringList &names)
+{
+    return names.isEmpty() ? localized("None") : names.join(QStringLiteral(" · "));
+}
+
+} // namespace
+
+LSMDesignEditorViewController::LSMDesignEditorViewController(QObject *parent)
+    : QObject(parent), m_ui(std::make_unique<Ui::LSMDesignEditorViewController>())
+{
+    m_previewDelay.setSingleShot(true);
+    m_previewDelay.setTimerType(Qt::PreciseTimer);
+    m_previewDelay.setInterval(previewDelay);
+    connect(&m_previewDelay, &QTimer::timeout, this,
+            &LSMDesignEditorViewController::reloadPreviewFromSourceCodeTextView);
+}
+
+LSMDesignEditorViewController::~LSMDesignEditorViewController()
+{
+    if (m_view && !m_view->parent())
+        delete m_view;
+}
+
+QWidget *LSMDesignEditorViewController::view()
+{
+    if (!m_view) {
+        m_view = new QWidget;
+        m_ui->setupUi(m_view);
+        viewDidLoad();
+    }
+    return m_view;
+}
+
+void LSMDesignEditorViewController::viewDidLoad()
+{
+    PLATFORM_ASSERT(m_manager, "Need designTemplateManager");
+    for (const char *label : segmentLabels) {
+        const int segment = m_ui->segmentedControl->segmentCount();
+        m_ui->segmentedControl->setSegmentCount(segment + 1);
+        m_ui->segmentedControl->setLabel(segment, localized(label));
+    }
+    configureSourceView();
+    configureFields();
+    configureStoreTab();
+    subscribe();
+    if (!platform::UserDefaults::standardUserDefaults().boolean(QStringLiteral("showStoreSegment")))
+        m_ui->segmentedControl->setSegmentCount(m_ui->segmentedControl->segmentCount() - 1);
+    connect(m_ui->segmentedControl, &zq::SegmentedControl::selectedSegmentDidChange, this,
+            &LSMDesignEditorViewController::setSelectedTab);
+    m_ui->segmentedControl->setSelectedSegment(m_selectedTab);
+    m_ui->tabView->setCurrentIndex(m_selectedTab);
+    reloadData();
+}
+
+void LSMDesignEditorViewController::configureFields()
+{
+    const auto bindText = [this](QLineEdit *field, QLatin1StringView key) {
+        connect(field, &QLineEdit::textEdited, this, [this, key](const QString &text) {
+            if (!m_design)
+                return;
+            m_design->templateDictionary()->setValue(key, text);
+            markDirty();
+        });
+    };
+    bindText(m_ui->templateNameTextField, LSMDesignKeys::name);
+    bindText(m_ui->templateIdentifierTextField, LSMDesignKeys::identifier);
+    connect(m_ui->choosePictureButton, &QPushButton::clicked, this,
+            &LSMDesignEditorViewController::choosePicture);
+    connect(m_ui->bannerButton, &QPushButton::clicked, this,
+            &LSMDesignEditorViewController::duplicateWasAskedFor);
+    connect(m_ui->emptyButton, &QPushButton::clicked, this,
+            &LSMDesignEditorViewController::newDesignWasAskedFor);
+
+    const auto openSample = [this] {
+        if (const QListWidgetItem *item = m_ui->samplesList->currentItem())
+            platform::Workspace::sharedWorkspace().openUrl(
+                QUrl::fromLocalFile(item->data(Qt::UserRole).toString()));
+    };
+    connect(m_ui->openSampleButton, &QPushButton::clicked, this, openSample);
+    connect(m_ui->samplesList, &QListWidget::itemActivated, this, openSample);
+}
+
+void LSMDesignEditorViewController::configureSourceView()
+{
+    for (int side = 0; side < 2; ++side) {
+        m_ui->htmlSplitter->widget(side)->setMinimumSize(160, 120);
+        m_ui->htmlSplitter->setStretchFactor(side, 1);
+    }
+    m_ui->htmlSplitter->setSizes({1000, 1000});
+    connect(m_ui->sourceView, &LSMSourceView::sourceDidChange, this, [this] {
+        if (!m_design)
+            return;
+        m_design->setHtmlSourceCode(m_ui->sourceView->source());
+        if (m_design->isCustomDesignTemplate())
+            markDirty();
+        m_previewDelay.start();
+    });
+}
+
+void LSMDesignEditorViewController::configureStoreTab()
+{
+    connect(m_ui->paidSwitch, &QCheckBox::clicked, this, [this](bool paid) {
+        if (!m_design)
+            return;
+        m_design->setPaidTemplate(paid);
+        markDirty();
+        updateStore();
+        NotificationCenter::defaultCenter().post(LSMDesignTitleDidChange, m_design);
+    });
+}
+
+void LSMDesignEditorViewController::subscribe()
+{
+    auto &center = NotificationCenter::defaultCenter();
+    center.addObserver(this, LSMSelectedDesignDidChange, nullptr, [this](const auto &notification) {
+        selectedDesignDidChange(notification.userInfo.value(QStringLiteral("design"))
+                                    .template value<LSMDesignTemplate *>());
+    });
+    center.addObserver(this, LSMImageViewImageDropped, m_ui->designIconImageView,
+                       [this](const auto &notification) {
+                           handleDroppedImage(
+                               notification.userInfo.value(QStringLiteral("imagePath")).toString());
+                       });
+    center.addObserver(this, LSMDesignPropertyDidChange, nullptr, [this](const auto &notification) {
+        markCurrentDesignTemplateDirty(notification.object);
+    });
+}
+
+void LSMDesignEditorViewController::selectedDesignDidChange(LSMDesignTemplate *design)
+{
+    m_design = design;
+    reloadData();
+}
+
+void LSMDesignEditorViewController::reloadData()
+{
+    m_ui->templateNameTextField->setText(m_design ? m_design->templateName() : QString());
+    m_ui->templateIdentifierTextField->setText(m_design ? m_design->templateIdentifier()
+                                                        : QString());
+    const QString html = m_design ? m_design->htmlSourceCode() : QString();
+    // Another design gets a history of its own, also where its text is the same.
+    if (std::exchange(m_shownDesign, m_design) != m_design || m_ui->sourceView->source() != html)
+        m_ui->sourceView->setSource(html);
+    m_ui->designIconImageView->setImage(m_design ? m_design->templateImage() : QImage());
+    updateEnabling();
+    updateFacts();
+    reloadPreviewFromSourceCodeTextView();
+}
+
+void LSMDesignEditorViewController::updateEnabling()
+{
+    const bool editable = m_design && m_design->isCustomDesignTemplate();
+    updateEmptyView();
+    m_ui->templateNameTextField->setReadOnly(!editable);
+    m_ui->templateIdentifierTextField->setReadOnly(!editable);
+    m_ui->sourceView->setEditable(editable);
+    m_ui->designIconImageView->setEnabled(editable);
+    m_ui->choosePictureButton->setEnabled(editable);
+    m_ui->paidSwitch->setEnabled(editable);
+    updateBanner();
+}
+
+// Stands in for all tabs while there is nothing to show in them.
+void LSMDesignEditorViewController::updateEmptyView()
+{
+    bool any = false;
+    m_manager->enumerateDesignsUsingBlock([&any](auto *, bool &stop) { any = stop = true; });
+    m_ui->emptyIcon->setPixmap(zq::tintedIcon(QStringLiteral("CustomDesigns")).pixmap(48));
+    m_ui->emptyText->setText(any ? localized("No design is selected.")
+                                 : localized("There are no designs yet. Make the first one, or "
+                                             "install Lotbook to find its built-in designs here."));
+    m_ui->emptyButton->setVisible(!any);
+    m_ui->emptyView->setVisible(!m_design);
+    m_ui->segmentedControl->setVisible(m_design);
+    m_ui->tabView->setVisible(m_design);
+}
+
+void LSMDesignEditorViewController::updateFacts()
+{
+    m_ui->keywordsText->setText(m_design ? listed(m_design->keywords()) : QString());
+    m_ui->layoutsText->setText(m_design ? listed(m_design->layoutNames()) : QString());
+    QString location = m_design ? m_design->templatePath() : QString();
+    if (m_design && location.isNull())
+        location = localized("Not saved yet");
+    m_ui->locationText->setText(location);
+    m_ui->locationText->setCursorPosition(0);
+    updateSamples();
+    updateProperties();
+    updateStore();
+}
+
+void LSMDesignEditorViewController::updateBanner()
+{
+    const bool builtin = m_design && m_design->isBuiltInDesignTemplate();
+    const bool unfaithful = !builtin && m_selectedTab == HtmlTab && !m_ui->sourceView->isFaithful();
+    m_ui->banner->setVisible(builtin || unfaithful);
+    m_ui->bannerButton->setVisible(builtin);
+    m_ui->bannerIcon->setPixmap(
+        zq::tintedIcon(builtin ? QStringLiteral("Lock") : QStringLiteral("Warning")).pixmap(16));
+    m_ui->bannerText->setText(
+        builtin
+            ? localized("Built-in designs are read-only. Duplicate this one to change it.")
+            : localized("This HTML has line ends or characters that this editor would change. It "
+                        "is shown read-only, so that nothing is lost."));
+}
+
+void LSMDesignEditorViewController::updateSamples()
+{
+    m_ui->samplesList->clear();
+    const QString date = m_design ? m_design->layoutPreviewGenerationDateString() : QString();
+    const QDir folder(m_design && !m_design->templatePath().isNull()
+                          ? m_design->templatePath() + u'/' + LSMDesignKeys::layoutSamplesFolder
+                          : QString());
+    if (!folder.path().isEmpty() && folder.path() != u".") {
+        for (const QFileInfo &sample :
+             folder.entryInfoList({QStringLiteral("*.html")}, QDir::Files)) {
+            auto *item = new QListWidgetItem(sample.completeBaseName().replace(u'_', u' '),
+                                             m_ui->samplesList);
+            item->setData(Qt::UserRole, sample.filePath());
+        }
+    }
+    const bool some = m_ui->samplesList->count() > 0;
+    m_ui->samplesDateText->setText(
+        some ? date : localized("There are no samples of this design's layouts."));
+    m_ui->samplesDateText->setAlignment(some ? Qt::AlignLeft : Qt::AlignCenter);
+    m_ui->samplesList->setVisible(some);
+    m_ui->openSampleButton->setVisible(some);
+    m_ui->samplesList->setCurrentRow(some ? 0 : -1);
+}
+
+void LSMDesignEditorViewController::updateProperties()
+{
+    LSMFillWithPropertyList(m_ui->propertiesView,
+                            m_design ? m_design->templateDictionary()->values() : QVariantMap());
+}
+
+void LSMDesignEditorViewController::updateStore()
+{
+    const bool paid = m_design && m_design->isPaidTemplate();
+    m_ui->paidSwitch->setChecked(paid);
+    const QVariant released = !paid ? QVariant()
+                                    : m_design->templateDictionary()
+                                          ->value(LSMDesignKeys::store)
+                                          .toMap()
+                                          .value(LSMDesignKeys::releaseDate);
+    const QDateTime date = released.value<platform::PropertyListDate>().toDateTime().toLocalTime();
+    m_ui->releaseDateText->setText(released.isValid()
+                                       ? QLocale().toString(date.date(), QLocale::LongFormat)
+                                       : QStringLiteral("–"));
+}
+
+void LSMDesignEditorViewController::reloadPreviewFromSourceCodeTextView()
+{
+    m_previewDelay.stop();
+    m_ui->previewWebView->loadData(LSMPreviewDocument(m_ui->sourceView->source()),
+                                   QStringLiteral("text/html"), QStringLiteral("utf-8"));
+}
+
+void LSMDesignEditorViewController::markDirty()
+{
+    m_design->setTemplateShouldBeSaved(true);
+}
+
+void LSMDesignEditorViewController::markCurrentDesignTemplateDirty(const QObject *design)
+{
+    if (!m_design || design != m_design || m_design->templateShouldBeSaved())
+        return;
+    markDirty();
+    Q_EMIT documentWasEdited();
+}
+
+void LSMDesignEditorViewController::choosePicture()
+{
+    const QString path = zq::runOpenPanel(
+        m_view, localized("Choose a Picture"),
+        localized("Pictures") + QStringLiteral(" (*.png *.jpg *.jpeg *.gif *.webp *.svg *.bmp)"));
+    if (!path.isEmpty())
+        m_ui->designIconImageView->takeFile(path);
+}
+
+void LSMDesignEditorViewController::handleDroppedImage(const QString &path)
+{
+    if (!m_design)
+        return;
+    m_design->setTemplateImagePath(path);
+    m_design->setTemplateImage(
+        zq::reducedAndResampledImageOfMaximumSize(zq::imageAtPath(path), largestPicture));
+    m_ui->designIconImageView->setImage(m_design->templateImage());
+    markDirty();
+}
+
+void LSMDesignEditorViewController::setSelectedTab(int tab)
+{
+    if (tab < 0 || tab >= m_ui->segmentedControl->segmentCount() || tab == m_selectedTab)
+        return;
+    m_selectedTab = tab;
+    m_ui->tabView->setCurrentIndex(tab);
+    m_ui->segmentedControl->setSelectedSegment(tab);
+    updateBanner();
+    Q_EMIT selectedTabDidChange();
+}
+
+void LSMDesignEditorViewController::switchToViewWithSenderTag(QObject *sender)
+{
+    setSelectedTab(sender->property("tag").toInt());
+}
+
+bool LSMDesignEditorViewController::isPreviewShown() const
+{
+    return !m_ui->previewWebView->isHidden();
+}
+
+void LSMDesignEditorViewController::setPreviewShown(bool shown)
+{
+    m_ui->previewWebView->setVisible(shown);
+}
+
+bool LSMDesignEditorViewController::isPreviewBelow() const
+{
+    return m_ui->htmlSplitter->orientation() == Qt::Vertical;
+}
+
+void LSMDesignEditorViewController::setPreviewBelow(bool below)
+{
+    m_ui->htmlSplitter->setOrientation(below ? Qt::Vertical : Qt::Horizontal);
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "library/LSMDesignTemplateManager.h"
+
+#include <memory>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+class LSMSourceView;
+
+namespace Ui {
+class LSMDesignEditorViewController;
+}
+namespace platform {
+class WebView;
+}
+
+/// The right side of the window: tabs over the design that the outline has selected. It keeps the
+/// model up to date as the user types, marks the design dirty, and previews the HTML 0.5 seconds
+/// after the last key. Built-in designs are shown and not edited.
+///
+/// Hears `LSMSelectedDesignDidChange`, `LSMImageViewImageDropped`, `LSMDesignPropertyDidChange`;
+/// posts `LSMDesignTitleDidChange` from the store tab. Owned by the window controller; main thread.
+class LSMDesignEditorViewController : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int selectedTab READ selectedTab WRITE setSelectedTab NOTIFY selectedTabDidChange)
+
+public:
+    enum Tab { DesignTab, HtmlTab, SamplesTab, PropertiesTab, StoreTab };
+
+    explicit LSMDesignEditorViewController(QObject *parent = nullptr);
+    ~LSMDesignEditorViewController() override;
+
+    /// Borrowed; before the view is asked for.
+    void setDesignTemplateManager(LSMDesignTemplateManager *manager) { m_manager = manager; }
+
+    /// Made when first asked for; then owned by the widget it is put into.
+    QWidget *view();
+
+    LSMDesignTemplate *selectedDesign() const { return m_design; } ///< Null without one.
+
+    /// Brings everything up to date with the selected design.
+    void reloadData();
+
+    /// The same for what is only shown: keywords, layouts, location, samples, properties, store.
+    void updateFacts();
+
+    int selectedTab() const { return m_selectedTab; }
+    void setSelectedTab(int tab);
+    void switchToViewWithSenderTag(QObject *sender);
+
+    bool isPreviewShown() const;
+    void setPreviewShown(bool shown);
+    bool isPreviewBelow() const;
+    void setPreviewBelow(bool below);
+    void reloadPreviewFromSourceCodeTextView();
+    void choosePicture(); ///< By a file dialog; as a drop.
+
+Q_SIGNALS:
+    void selectedTabDidChange();
+    void documentWasEdited();    ///< By a property: the window's edited state is due.
+    void duplicateWasAskedFor(); ///< By the read-only banner's button.
+    void newDesignWasAskedFor(); ///< By the button that greets where there is no design.
+
+private:
+    void viewDidLoad();
+    void configureFields();
+    void configureSourceView();
+    void configureStoreTab();
+    void subscribe();
+    void selectedDesignDidChange(LSMDesignTemplate *design);
+    void markDirty();
+    void markCurrentDesignTemplateDirty(const QObject *design);
+    void handleDroppedImage(const QString &path);
+    void updateBanner();
+    void updateEnabling();
+    void updateEmptyView();
+    void updateSamples();
+    void updateProperties();
+    void updateStore();
+
+    std::unique_ptr<Ui::LSMDesignEditorViewController> m_ui;
+    QPointer<QWidget> m_view;
+    LSMDesignTemplateManager *m_manager = nullptr;
+    QPointer<LSMDesignTemplate> m_design;
+    QPointer<LSMDesignTemplate> m_shownDesign; // whose text and history the source view has
+    QTimer m_previewDelay;
+    int m_selectedTab = DesignTab;
+};

@@ -1,0 +1,128 @@
+#pragma once
+
+#include "kit/ui/Toolbar.h"
+#include "library/LSMDesignTemplateManager.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+class LSMDesignEditorViewController;
+class LSMOutlineViewController;
+
+namespace Ui {
+class LSMMainWindowController;
+}
+namespace zq {
+class ValidationScheduler;
+}
+
+/// Owns the one window: the outline at the left, the design editor at the right, the toolbar, and
+/// all commands on the selected design. It decides what may be done when, asks what has to be asked
+/// before a save, and calls the library to do the work. The selected design is always asked from
+/// the outline controller. Owned by AppController; main thread.
+///
+/// Commands are slots `fooAction(sender)`, reached by name from menus and toolbar; `validateFoo...`
+/// says whether one is enabled. A command whose slot is not there is disabled wherever it stands.
+class LSMMainWindowController : public QObject, public zq::ToolbarDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit LSMMainWindowController(QObject *parent = nullptr);
+    ~LSMMainWindowController() override;
+
+    /// Borrowed; before the window is asked for, since loading the window needs it.
+    void setDesignTemplateManager(LSMDesignTemplateManager *manager) { m_manager = manager; }
+
+    /// Loads the window on first use; it stays hidden until shown.
+    QMainWindow *window();
+    void makeKeyAndOrderFront();
+
+    LSMOutlineViewController *outlineViewController() const { return m_outline; }
+    LSMDesignEditorViewController *editorViewController() const { return m_editor; }
+    QAction *switchToStoreMenuItem() const;
+    zq::Toolbar *toolbar() const { return m_toolbar; }
+
+    /// Brings menus and toolbar up to date when idle, after a change that no input caused.
+    void validateSoon();
+
+    /// "com.myserver." and the title without blanks at its ends, in lower case, each blank a
+    /// hyphen.
+    static QString identifierStringFromTitle(const QString &title);
+
+    /// True if nothing speaks against saving, or the user wants to save against the warnings.
+    bool canSaveDesign(LSMDesignTemplate *design);
+
+    /// False only if the design could not be written; true also when the user turned the save down.
+    bool saveDesign(LSMDesignTemplate *design);
+
+    // The toolbar's questions
+    QStringList toolbarAllowedItemIdentifiers(zq::Toolbar *toolbar) override;
+    QStringList toolbarDefaultItemIdentifiers(zq::Toolbar *toolbar) override;
+    ZQToolbarItem *toolbarItemForItemIdentifier(zq::Toolbar *toolbar, const QString &identifier,
+                                                bool willBeInserted) override;
+
+public Q_SLOTS:
+    void createNewDesignAction(QObject *sender = nullptr);
+    void duplicateAction(QObject *sender = nullptr);
+    void saveAction(QObject *sender = nullptr);
+    void saveAllAction(QObject *sender = nullptr);
+    void revertAction(QObject *sender = nullptr);
+    void revealAction(QObject *sender = nullptr);
+    void deleteAction(QObject *sender = nullptr);
+    void choosePictureAction(QObject *sender = nullptr);
+    void searchDesignsAction(QObject *sender = nullptr);
+    void switchToViewWithSenderTag(QObject *sender);
+    void togglePreviewAction(QObject *sender = nullptr);
+    void turnPreviewAction(QObject *sender = nullptr);
+    void reloadPreviewAction(QObject *sender = nullptr);
+    void runToolbarCustomizationPalette(QObject *sender = nullptr);
+    void toggleToolbarVisibility(QObject *sender = nullptr);
+    void toggleFullScreenAction(QObject *sender = nullptr);
+    void chooseAppearanceAction(QObject *sender);
+    void showAboutAction(QObject *sender = nullptr);
+
+public:
+    Q_INVOKABLE bool validateMenuItem(QObject *item);
+    Q_INVOKABLE bool validateToolbarItem(QObject *item);
+    Q_INVOKABLE bool validateSaveAction(QObject *item);
+    Q_INVOKABLE bool validateSaveAllAction(QObject *item);
+    Q_INVOKABLE bool validateDuplicateAction(QObject *item);
+    Q_INVOKABLE bool validateToggleToolbarVisibility(QObject *item);
+    Q_INVOKABLE bool validateChoosePictureAction(QObject *item);
+    Q_INVOKABLE bool validateSwitchToViewWithSenderTag(QObject *item);
+    Q_INVOKABLE bool validateTogglePreviewAction(QObject *item);
+    Q_INVOKABLE bool validateTurnPreviewAction(QObject *item);
+    Q_INVOKABLE bool validateChooseAppearanceAction(QObject *item);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void windowDidLoad();
+    void setupSidebar();
+    void setupToolbar();
+    void setupMenus();
+    void setupStatusBar();
+    void followEditor();
+    void restoreGeometry();
+    void saveGeometry() const;
+    void selectionDidChange();
+    void updateStatus();
+    void updateEdited();
+    void createNewTemplate();
+    void duplicateSelectedTemplate();
+    void deleteTemplate();
+    void insertDesign(std::shared_ptr<LSMDesignTemplate> design);
+    LSMDesignTemplate *selectedDesign() const;
+
+    LSMDesignTemplateManager *m_manager = nullptr;
+    std::unique_ptr<Ui::LSMMainWindowController> m_ui;
+    std::unique_ptr<QMainWindow> m_window;
+    LSMOutlineViewController *m_outline = nullptr;
+    LSMDesignEditorViewController *m_editor = nullptr;
+    QPointer<LSMDesignTemplate> m_followedDesign; // the selected one
+    zq::Toolbar *m_toolbar = nullptr;
+    zq::ValidationScheduler *m_validation = nullptr;
+    class QLabel *m_statusText = nullptr;
+    class QLabel *m_countText = nullptr;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QTreeView>
+
+/// The outline's view: one column, groups that open and close but are never selected, neither by
+/// mouse nor by keyboard, and a selection that a click beside the rows leaves alone.
+///
+/// Rows are counted as they stand on screen, from 0, groups included.
+class LSMOutlineView : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    explicit LSMOutlineView(QWidget *parent = nullptr);
+
+    int rowForIndex(const QModelIndex &index) const; ///< -1 where it does not show.
+    QModelIndex indexForRow(int row) const;
+    QList<int> selectedRowIndexes() const;
+
+    /// Selects that row alone and scrolls it into view; a row that cannot be selected selects none.
+    void selectRow(int row);
+
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                         const QEvent *event) const override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void drawBranches(QPainter *, const QRect &, const QModelIndex &) const override {}
+    void mousePressEvent(QMouseEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void reveal(const QModelIndex &index);
+};

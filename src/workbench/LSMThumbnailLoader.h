@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QCache>
+#include <QImage>
+#include <QObject>
+#include <QThreadPool>
+
+/// Small pictures for the outline's rows, read in the background when they are first asked for, the
+/// latest wish first, so that scrolling through thousands of designs never waits. Owned by the
+/// outline; main thread outside, one thread of its own inside.
+class LSMThumbnailLoader : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit LSMThumbnailLoader(QObject *parent = nullptr);
+    ~LSMThumbnailLoader() override;
+
+    /// The picture of the file, within `size` device pixels, or null when it is not there yet (then
+    /// `thumbnailDidLoad` follows) or cannot be read (then not).
+    QImage thumbnail(const QString &path, const QSize &size);
+
+    void forget(const QString &path); ///< It has changed on disk.
+
+Q_SIGNALS:
+    void thumbnailDidLoad(const QString &path);
+
+private:
+    void loadNext();
+    void didLoad(const QString &path, const QImage &image);
+
+    struct Request
+    {
+        QString path;
+        QSize size;
+    };
+    QCache<QString, QImage> m_images; // by path; cost is bytes
+    QList<Request> m_requests;        // the latest last
+    bool m_loading = false;
+    QThreadPool m_pool;
+};
