@@ -1,0 +1,160 @@
+#include "app/LSMCommandLine.h"
+
+#include "app/AppController.h"
+#include "library/checking/LSMBundleCheck.h"
+#include "library/LSMDesignKeys.h"
+#include "library/LSMDesignLayouts.h"
+#include "library/LSMDesignTemplateManager.h"
+#include "platform/Bundle.h"
+#include "platform/Concurrent.h"
+#include "platform/Format.h"
+
+#include <cstdio>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using platform::localized;
+
+namespace {
+
+void print(const QByteArray &bytes)
+{
+    std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout);
+}
+
+void printLine(const QString &line)
+{
+    print(line.toUtf8() + '\n');
+}
+
+int complain(const QString &line, int status)
+{
+    std::fputs((QStringLiteral("layoutsmith: ") + line + u'\n').toUtf8().constData(), stderr);
+    return status;
+}
+
+// Never freed: the process ends with the command, and taking thousands of designs apart takes time.
+const LSMDesignTemplateManager &library()
+{
+    static const auto *const manager = new LSMDesignTemplateManager;
+    return *manager;
+}
+
+QJsonObject description(const LSMDesignTemplate &design)
+{
+    return {
+        {QStringLiteral("name"), design.templateName()},
+        {QStringLiteral("identifier"), design.templateIdentifier()},
+        {QStringLiteral("type"), design.type()},
+        {QStringLiteral("path"), design.templatePath()},
+        {QStringLiteral("oldVersion"), design.isOldVersion()},
+        {QStringLiteral("paid"), design.isPaidTemplate()},
+        {QStringLiteral("keywords"), QJsonArray::fromStringList(design.keywords())},
+    };
+}
+
+QByteArray jsonLine(const LSMDesignTemplate &design)
+{
+    return QJsonDocument(description(design)).toJson(QJsonDocument::Compact);
+}
+
+QByteArray textLine(const LSMDesignTemplate &design)
+{
+    return platform::format(QStringLiteral("%-8@ %-32@ %@\n"), design.type(), design.templateName(),
+                            QStringLiteral("") + design.templateIdentifier())
+        .toUtf8();
+}
+
+int list(const QStringList &arguments)
+{
+    const bool json = arguments == QStringList{QStringLiteral("--json")};
+    if (!json && !arguments.isEmpty())
+        return complain(localized("usage: layoutsmith list [--json]"), 2);
+    std::vector<const LSMDesignTemplate *> designs;
+    library().enumerateDesignsUsingBlock(
+        [&](const LSMDesignTemplate *design, bool &) { designs.push_back(design); });
+    QByteArrayList lines(qsizetype(designs.size()));
+    QByteArray *const line = lines.data(); // not shared: each of the threads writes its own lines
+    platform::concurrentPerform(designs.size(), [&](std::size_t index) {
+        line[index] = json ? jsonLine(*designs[index]) : textLine(*designs[index]);
+    });
+    print(json ? "[\n" + lines.join(",\n") + "\n]\n" : lines.join());
+    return 0;
+}
+
+bool answersTo(const LSMDesignTemplate &design, const QString &name)
+{
+    return design.templateName() == name || design.templateIdentifier() == name ||
+           design.templatePath() == name;
+}
+
+int show(const QStringList &arguments)
+{
+    if (arguments.size() != 1 || arguments.first().isEmpty())
+        return complain(localized("usage: layoutsmith show NAME"), 2);
+    int shown = 0;
+    library().enumerateDesignsUsingBlock([&](LSMDesignTemplate *design, bool &) {
+        if (!answersTo(*design, arguments.first()))
+            return;
+        ++shown;
+        QJsonObject object = description(*design);
+        const QString html = design->htmlSourceCode();
+        object.insert(QStringLiteral("characters"), html.size());
+        object.insert(QStringLiteral("layouts"),
+                      QJsonArray::fromStringList(LSMDesignLayouts::layoutNames(html)));
+        object.insert(QStringLiteral("defaultLayout"), LSMDesignLayouts::defaultLayoutName(html));
+        object.insert(
+            QStringLiteral("images"),
+            QJsonArray::fromStringList(LSMDesignTemplateManager::extractImageUrlsFromString(html)));
+        print(QJsonDocument(object).toJson());
+    });
+    return shown > 0 ? 0
+                     : complain(platform::format(localized("there is no design \"%@\""),
+                                                 arguments.first()),
+                                1);
+}
+
+int check(const QStringList &arguments)
+{
+    LSMBundleCheck check;
+    QStringList paths = arguments;
+    if (paths.isEmpty()) {
+        for (const QString &path :
+             {library().pathForCustomTemplates(), library().pathForBuiltinTemplates()}) {
+            if (QFileInfo::exists(path))
+                paths.append(path);
+        }
+    }
+    for (const QString &path : paths)
+        check.addPath(path);
+    bool clean = true;
+    for (const LSMFinding &finding : check.findings()) {
+        clean = clean && finding.level == LSMFinding::Level::Note;
+        printLine(platform::format(QStringLiteral("%@: %@: %@"), finding.path,
+                                   LSMFindingLevelName(finding.level), finding.text));
+    }
+    return clean ? 0 : 1;
+}
+
+struct Command
+{
+    const char *name;
+    int (*run)(const QStringList &arguments);
+};
+
+constexpr Command commands[] = {{"list", list}, {"show", show}, {"check", check}};
+
+} // namespace
+
+std::optional<int> LSMCommandLine::run(const QStringList &arguments)
+{
+    for (const Command &command : commands) {
+        if (!arguments.isEmpty() && arguments.first() == QLatin1StringView(command.name)) {
+            AppController::initialize();
+            return command.run(arguments.mid(1));
+        }
+    }
+    return std::nullopt;
+}
