@@ -1,0 +1,13 @@
+#include "fuzz/FuzzTargets.h"
+
+namespace fuzz {
+
+std::span<const Target> targets()
+{
+    static constexpr Target all[] = {
+        {"propertylist", &propertyList},
+    };
+    return all;
+}
+
+} // namespace fuzz

@@ -1,0 +1,104 @@
+#include "kit/ui/SegmentedControl.h"
+#include "kit/ui/TintedIcon.h"
+#include "kit/ui/ZQViewExtensions.h"
+
+#include <gtest/gtest.h>
+#include <QAccessible>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+TEST(SegmentedControl, TheUserSelectsWithMouseAndKeys)
+{
+    zq::SegmentedControl control({"Design", "HTML", "Samples", "Store"});
+    control.setSelectedSegment(0);
+    control.setSegmentEnabled(2, false);
+    control.show();
+    QSignalSpy activated(&control, &zq::SegmentedControl::activated);
+    QSignalSpy changed(&control, &zq::SegmentedControl::selectedSegmentDidChange);
+
+    QTest::keyClick(&control, Qt::Key_Right);
+    EXPECT_EQ(control.selectedSegment(), 1);
+    QTest::keyClick(&control, Qt::Key_Right); // Past the disabled one.
+    EXPECT_EQ(control.selectedSegment(), 3);
+    QTest::keyClick(&control, Qt::Key_Right);
+    EXPECT_EQ(control.selectedSegment(), 3);
+    QTest::keyClick(&control, Qt::Key_Home);
+    QTest::mouseClick(control.findChildren<QAbstractButton *>()[1], Qt::LeftButton);
+    QTest::mouseClick(control.findChildren<QAbstractButton *>()[1], Qt::LeftButton);
+    EXPECT_EQ(control.selectedSegment(), 1);
+    EXPECT_EQ(changed.count(), 4);
+    EXPECT_EQ(activated.count(), 5);
+    EXPECT_TRUE(control.findChildren<QAbstractButton *>()[1]->isChecked());
+}
+
+TEST(SegmentedControl, TheCountChangesTheLastSegments)
+{
+    zq::SegmentedControl control({"A", "B", "C"});
+    control.setSegmentTag(2, 30);
+    EXPECT_TRUE(control.selectSegmentWithTag(30));
+    EXPECT_FALSE(control.selectSegmentWithTag(31));
+    EXPECT_EQ(control.selectedTag(), 30);
+    control.setSegmentCount(2);
+    EXPECT_EQ(control.selectedSegment(), -1);
+    control.setSegmentCount(4);
+    EXPECT_EQ(control.segmentTag(3), 3);
+    control.setSelectedSegment(4);
+    EXPECT_EQ(control.selectedSegment(), -1);
+    QAccessibleInterface *name = QAccessible::queryAccessibleInterface(&control);
+    EXPECT_EQ(name->childCount(), 4);
+    EXPECT_EQ(name->child(1)->text(QAccessible::Name), "B");
+}
+
+TEST(TintedIcon, FollowsThePalette)
+{
+    const QIcon icon = zq::tintedIcon("TB_Delete");
+    const auto colors = [&](QIcon::Mode mode) {
+        QSet<QRgb> result;
+        const QImage image =
+            icon.pixmap(QSize(24, 24), 2, mode).toImage().convertToFormat(QImage::Format_ARGB32);
+        EXPECT_EQ(image.size(), QSize(48, 48));
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (qAlpha(image.pixel(x, y)) == 255)
+                    result.insert(image.pixel(x, y));
+        return result;
+    };
+    const QPalette before = QApplication::palette();
+    for (const QColor color : {QColor(10, 20, 30), QColor(240, 240, 240)}) {
+        QPalette palette = before;
+        palette.setColor(QPalette::All, QPalette::ButtonText, color);
+        palette.setColor(QPalette::Disabled, QPalette::ButtonText, Qt::red);
+        QApplication::setPalette(palette);
+        EXPECT_EQ(colors(QIcon::Normal), QSet<QRgb>{color.rgb()});
+        EXPECT_EQ(colors(QIcon::Disabled), QSet<QRgb>{QColor(Qt::red).rgb()});
+    }
+    QApplication::setPalette(before);
+}
+
+TEST(ViewExtensions, FillsAndSearches)
+{
+    QWidget view;
+    auto *first = new QWidget(&view);
+    auto *field = new QLineEdit(first);
+    auto *button = new QPushButton(&view);
+    EXPECT_EQ(zq::firstSubviewThatIsKindOfClass<QAbstractButton>(&view), button);
+    EXPECT_EQ(zq::firstSubviewOfClass<QAbstractButton>(&view), nullptr);
+    EXPECT_EQ(zq::firstSubviewOfClass<QPushButton>(&view), button);
+    EXPECT_EQ(zq::enclosingViewOfClass<QWidget>(field), first);
+    EXPECT_EQ(zq::allSubviewsDeep(&view), QList<QWidget *>({first, field, button}));
+
+    auto *filling = new QLabel;
+    zq::fillWithSubview(&view, new QLabel);
+    zq::fillWithSubview(&view, filling, QMargins(5, 6, 7, 8));
+    view.resize(300, 200);
+    view.show();
+    EXPECT_EQ(filling->geometry(), QRect(5, 6, 288, 186));
+    EXPECT_FALSE(button->isVisible());
+}
+
+} // namespace

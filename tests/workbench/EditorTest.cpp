@@ -1,0 +1,224 @@
+#include "workbench/WorkbenchFixture.h"
+
+#include "kit/ui/OpenPanel.h"
+#include "kit/ui/SegmentedControl.h"
+#include "library/LSMDesignKeys.h"
+#include "platform/NotificationCenter.h"
+#include "platform/PropertyList.h"
+#include "platform/UserDefaults.h"
+#include "workbench/LSMImageView.h"
+#include "workbench/LSMNotifications.h"
+#include "workbench/LSMSourceView.h"
+
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTest>
+
+class EditorTest : public WorkbenchTest
+{
+protected:
+    LSMSourceView *source() const { return child<LSMSourceView>("sourceView"); }
+    QLineEdit *nameField() const { return child<QLineEdit>("templateNameTextField"); }
+    QStringList previews() const
+    {
+        const auto *page = child<QWidget>("recordingWebWidget");
+        return page ? page->property("documents").toStringList() : QStringList();
+    }
+    QString writePicture(const QString &name, const QSize &size = {40, 30})
+    {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        image.save(home.path(name));
+        return home.path(name);
+    }
+    void drop(const QString &path)
+    {
+        QWidget *view = child<LSMImageView>("designIconImageView");
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        enter.ignore();
+        QApplication::sendEvent(view, &enter);
+        if (!enter.isAccepted())
+            return;
+        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(view, &event);
+    }
+};
+
+TEST_F(EditorTest, FieldsReachTheDictionaryAndMarkDirty)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    launch();
+    type(nameField(), QStringLiteral("2"));
+    type(child<QLineEdit>("templateIdentifierTextField"), QStringLiteral("-b"));
+    EXPECT_EQ(selected()->templateName(), QStringLiteral("Alpha2"));
+    EXPECT_EQ(selected()->templateIdentifier(), QStringLiteral("com.myserver.alpha-b"));
+    EXPECT_TRUE(selected()->templateShouldBeSaved());
+    EXPECT_TRUE(window()->windowTitle().startsWith(QStringLiteral("Alpha2")));
+    EXPECT_TRUE(toolbarItemIsEnabled("toolbar_item_save"));
+}
+
+TEST_F(EditorTest, ThePreviewLoadsOnceHalfASecondAfterTheLastKey)
+{
+    writeDesign(QStringLiteral("Alpha"), Group::Custom, "<p>a</p>");
+    launch();
+    pressShortcut("actionViewHtml");
+    ASSERT_TRUE(support::waitUntil([&] { return !previews().isEmpty(); }));
+    EXPECT_EQ(previews().last(),
+              QStringLiteral("<html>\n<head></head>\n<body>\n<p>a</p>\n</body>\n</html>"));
+    const qsizetype before = previews().size();
+    QElapsedTimer sinceLastKey;
+    source()->setFocus();
+    for (const char key : {'x', 'y', 'z'}) {
+        QTest::keyClick(source(), key);
+        sinceLastKey.start();
+    }
+    EXPECT_EQ(previews().size(), before);
+    ASSERT_TRUE(support::waitUntil([&] { return previews().size() > before; }));
+    EXPECT_GE(sinceLastKey.elapsed(), 490);
+    EXPECT_EQ(previews().size(), before + 1);
+    EXPECT_TRUE(previews().last().contains(QStringLiteral("xyz<p>a</p>")));
+    EXPECT_TRUE(selected()->templateShouldBeSaved());
+    EXPECT_EQ(selected()->htmlSourceCode(), QStringLiteral("xyz<p>a</p>"));
+}
+
+TEST_F(EditorTest, TypingCanBeUndoneAndRedoneFromTheMenu)
+{
+    writeDesign(QStringLiteral("Alpha"), Group::Custom, "a");
+    launch();
+    pressShortcut("actionViewHtml");
+    type(source(), QStringLiteral("xy"));
+    clickMenuItem("actionUndo");
+    EXPECT_EQ(selected()->htmlSourceCode(), QStringLiteral("a"));
+    source()->setFocus();
+    clickMenuItem("actionRedo");
+    EXPECT_EQ(selected()->htmlSourceCode(), QStringLiteral("xya"));
+}
+
+TEST_F(EditorTest, UndoNeverReachesIntoAnotherDesign)
+{
+    writeDesign(QStringLiteral("A"), Group::Custom, "<p>Hello</p>");
+    writeDesign(QStringLiteral("B"), Group::Custom, "X<p>Hello</p>");
+    launch();
+    pressShortcut("actionViewHtml");
+    type(source(), QStringLiteral("X"));
+    select(QStringLiteral("B"));
+    source()->undo();
+    EXPECT_EQ(selected()->htmlSourceCode(), QStringLiteral("X<p>Hello</p>"));
+    EXPECT_FALSE(selected()->templateShouldBeSaved());
+}
+
+TEST_F(EditorTest, TextThatTheViewWouldChangeIsShownOnlyAndSavedUnchanged)
+{
+    const QByteArray bodies[] = {"<p>\r\n</p>",
+                                 QByteArray("a\0b", 3),
+                                 "a\rb",
+                                 "\xEF\xBB\xBF<p>ok</p>",
+                                 "a\xE2\x80\xA8"
+                                 "b",
+                                 "a\xE2\x80\xA9"
+                                 "b",
+                                 "a\xC2\xA0"
+                                 "b\n",
+                                 "\xEF\xB7\x90"};
+    for (std::size_t i = 0; i < std::size(bodies); ++i)
+        writeDesign(QStringLiteral("D%1").arg(i), Group::Custom, bodies[i]);
+    launch();
+    for (std::size_t i = 0; i < std::size(bodies); ++i) {
+        SCOPED_TRACE(i);
+        ASSERT_TRUE(select(QStringLiteral("D%1").arg(i)));
+        if (!source()->isFaithful()) {
+            EXPECT_TRUE(source()->isReadOnly());
+            type(source(), QStringLiteral("x"));
+            EXPECT_FALSE(selected()->templateShouldBeSaved());
+        }
+        type(nameField(), QStringLiteral("!"));
+        pressShortcut("actionSave");
+        EXPECT_FALSE(selected()->templateShouldBeSaved());
+        EXPECT_EQ(support::readFile(selected()->templatePath() + QStringLiteral("/body.html")),
+                  bodies[i]);
+    }
+}
+
+TEST_F(EditorTest, BuiltInDesignsAreNotEdited)
+{
+    writeDesign(QStringLiteral("Built"), Group::BuiltIn);
+    launch();
+    type(nameField(), QStringLiteral("x"));
+    type(source(), QStringLiteral("x"));
+    drop(writePicture(QStringLiteral("a.png")));
+    EXPECT_FALSE(selected()->templateShouldBeSaved());
+    EXPECT_EQ(selected()->templateName(), QStringLiteral("Built"));
+    EXPECT_TRUE(selected()->templateImage().isNull());
+    EXPECT_FALSE(child<QCheckBox>("paidSwitch")->isEnabled());
+    EXPECT_TRUE(child<QWidget>("banner")->isVisible());
+    QTest::mouseClick(child<QPushButton>("bannerButton"), Qt::LeftButton);
+    EXPECT_EQ(selected()->templateName(), QStringLiteral("Built 1"));
+    EXPECT_FALSE(child<QWidget>("banner")->isVisible());
+}
+
+TEST_F(EditorTest, PicturesAreDroppedOrChosenAndReduced)
+{
+    const QString folder = writeDesign(QStringLiteral("Alpha"));
+    launch();
+    drop(writePicture(QStringLiteral("big.png"), {900, 600}));
+    EXPECT_EQ(selected()->templateImage().size(), QSize(300, 200));
+    EXPECT_EQ(selected()->templateImagePath(), home.path(QStringLiteral("big.png")));
+    EXPECT_TRUE(selected()->templateShouldBeSaved());
+    pressShortcut("actionSave");
+    EXPECT_EQ(QImage(folder + QStringLiteral("/thumbnail.png")).size(), QSize(300, 200));
+
+    support::writeFile(home.path(QStringLiteral("notes.txt")), "no picture");
+    drop(home.path(QStringLiteral("notes.txt")));
+    EXPECT_FALSE(selected()->templateShouldBeSaved());
+
+    zq::setOpenPanelAnswer([this] { return writePicture(QStringLiteral("chosen.jpg")); });
+    pressShortcut("actionChoosePicture");
+    zq::setOpenPanelAnswer({});
+    EXPECT_EQ(selected()->templateImage().size(), QSize(40, 30));
+
+    support::writeFile(home.path(QStringLiteral("broken.png")), "no picture");
+    drop(home.path(QStringLiteral("broken.png")));
+    EXPECT_TRUE(selected()->templateImage().isNull());
+    pressShortcut("actionSave");
+    EXPECT_EQ(QImage(folder + QStringLiteral("/thumbnail.png")).size(), QSize(300, 200));
+}
+
+TEST_F(EditorTest, ThePaidSwitchAddsTheStoreAndItsSaveDropsIt)
+{
+    const QString folder = writeDesign(QStringLiteral("Alpha"));
+    const auto savedStore = [&folder] {
+        const auto info = platform::PropertyList::read(folder + QStringLiteral("/Info.plist"));
+        return info->root.toMap().value(LSMDesignKeys::store);
+    };
+    launch();
+    pressShortcut("actionViewStore");
+    int titleChanges = 0;
+    platform::NotificationCenter::defaultCenter().addObserver(
+        window(), LSMDesignTitleDidChange, nullptr, [&](const auto &) { ++titleChanges; });
+    auto *paid = child<QCheckBox>("paidSwitch");
+    QTest::mouseClick(paid, Qt::LeftButton, {}, QPoint(8, paid->height() / 2));
+    EXPECT_TRUE(selected()->isPaidTemplate());
+    EXPECT_EQ(titleChanges, 1);
+    pressShortcut("actionSave");
+    EXPECT_TRUE(savedStore().toMap().contains(LSMDesignKeys::releaseDate));
+    QTest::mouseClick(paid, Qt::LeftButton, {}, QPoint(8, paid->height() / 2));
+    pressShortcut("actionSave");
+    EXPECT_FALSE(savedStore().isValid());
+}
+
+TEST_F(EditorTest, WithoutTheStoreSegmentItsMenuEntryIsGoneToo)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    platform::UserDefaults::standardUserDefaults().setObject(QStringLiteral("showStoreSegment"),
+                                                             false);
+    launch();
+    EXPECT_EQ(child<zq::SegmentedControl>("segmentedControl")->segmentCount(), 4);
+    EXPECT_TRUE(menuItem("actionViewStore")->associatedObjects().isEmpty());
+    pressShortcut("actionViewProperties");
+    EXPECT_EQ(editor()->selectedTab(), LSMDesignEditorViewController::PropertiesTab);
+}
