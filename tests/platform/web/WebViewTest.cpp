@@ -377,6 +377,7 @@ TEST(WebViewProcess, StartsAndEndsQuietly)
 {
     for (const QString &line : outputOfAProcess({}).split('\n', Qt::SkipEmptyParts))
         EXPECT_TRUE(line.contains("1 test") || line.contains("propagateSizeHints") ||
-                    line.contains("XDG_RUNTIME_DIR") || line.startsWith("Note: "))
+                    line.contains("XDG_RUNTIME_DIR") || line.startsWith("Note: ") ||
+                    line.contains("No suitable graphics backend")) // on a machine without one
             << qPrintable(line);
 }
