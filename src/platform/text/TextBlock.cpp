@@ -1,0 +1,166 @@
+#include "platform/text/TextBlock.h"
+
+#include "platform/TextEncoding.h"
+
+namespace platform {
+
+namespace {
+
+constexpr char16_t cr = u'\r';
+constexpr char16_t lf = u'\n';
+
+// Without branches, so that whole blocks are counted many units at a time.
+bool endsLine(uchar unit)
+{
+    return int(unit == lf) | int(unit == cr) | int(unit == 0x85);
+}
+
+bool endsLine(char16_t unit)
+{
+    return int(unit == lf) | int(unit == cr) | int(unit == 0x85) | int((unit | 1) == 0x2029);
+}
+
+// Of `units`, the line ends that are complete within the first `count`.
+template <class Unit>
+qint32 countLineEnds(const Unit *units, qsizetype count, qsizetype length)
+{
+    qint32 ends = 0;
+    for (qsizetype i = 0; i < count; ++i)
+        ends += endsLine(units[i]);
+    const qsizetype pairs = qMin(count, length - 1);
+    for (qsizetype i = 0; i < pairs; ++i)
+        ends -= int(units[i] == cr) & int(units[i + 1] == lf);
+    return ends;
+}
+
+bool fitsOneByte(QStringView text)
+{
+    char16_t all = 0;
+    for (const char16_t unit : std::u16string_view(text.utf16(), size_t(text.size())))
+        all |= unit;
+    return all < 0x100;
+}
+
+bool isAscii(QByteArrayView bytes)
+{
+    uchar all = 0;
+    for (const char byte : bytes)
+        all |= uchar(byte);
+    return all < 0x80;
+}
+
+bool isPair(QStringView text, qsizetype second)
+{
+    return (text[second - 1] == cr && text[second] == lf) ||
+           (text[second - 1].isHighSurrogate() && text[second].isLowSurrogate());
+}
+
+bool startsCharacter(QByteArrayView bytes, qsizetype index)
+{
+    return (uchar(bytes[index]) & 0xC0) != 0x80 &&
+           !(bytes[index - 1] == '\r' && bytes[index] == '\n');
+}
+
+} // namespace
+
+TextBlock::TextBlock(QStringView text) : m_length(qint32(text.size())), m_wide(!fitsOneByte(text))
+{
+    if (m_wide) {
+        m_units = QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+    } else {
+        m_units = QByteArray(text.size(), Qt::Uninitialized);
+        std::copy_n(text.utf16(), text.size(), reinterpret_cast<uchar *>(m_units.data()));
+    }
+    m_lineEnds = qint32(lineEndsBefore(m_length));
+}
+
+TextBlock::TextBlock(QByteArrayView ascii)
+    : m_units(ascii.toByteArray()), m_length(qint32(ascii.size()))
+{
+    m_lineEnds = qint32(lineEndsBefore(m_length));
+}
+
+std::vector<TextBlock> TextBlock::cut(QStringView text, qsizetype limit)
+{
+    const qsizetype count = (text.size() + limit - 1) / limit;
+    std::vector<TextBlock> blocks;
+    blocks.reserve(size_t(count));
+    qsizetype start = 0;
+    for (qsizetype i = 1; i <= count; ++i) {
+        qsizetype end = qMax(start, text.size() / count * i + qMin(i, text.size() % count));
+        if (end > start && end < text.size() && isPair(text, end))
+            ++end;
+        if (end > start)
+            blocks.push_back(TextBlock(text.sliced(start, end - start)));
+        start = end;
+    }
+    return blocks;
+}
+
+std::optional<std::vector<TextBlock>> TextBlock::cutUtf8(QByteArrayView bytes, qsizetype limit)
+{
+    std::vector<TextBlock> blocks;
+    blocks.reserve(size_t(bytes.size() / limit + 1));
+    for (qsizetype start = 0; start < bytes.size();) {
+        qsizetype end = qMin(start + limit, bytes.size());
+        while (end < bytes.size() && !startsCharacter(bytes, end))
+            ++end;
+        const QByteArrayView slice = bytes.sliced(start, end - start);
+        if (isAscii(slice)) {
+            blocks.push_back(TextBlock(slice));
+        } else {
+            const auto text = decodeUtf8(QByteArray::fromRawData(slice.data(), slice.size()));
+            if (!text)
+                return std::nullopt;
+            blocks.push_back(TextBlock(QStringView(*text)));
+        }
+        start = end;
+    }
+    return blocks;
+}
+
+void TextBlock::appendTo(QString &text, qsizetype offset, qsizetype length) const
+{
+    if (m_wide)
+        text +=
+            QStringView(reinterpret_cast<const char16_t *>(m_units.constData()) + offset, length);
+    else
+        text += QLatin1StringView(m_units.constData() + offset, length);
+}
+
+std::optional<QByteArray> TextBlock::utf8() const
+{
+    if (!m_wide && isAscii(m_units))
+        return m_units;
+    QString text;
+    appendTo(text, 0, m_length);
+    return encodeUtf8(text);
+}
+
+qsizetype TextBlock::lineEndsBefore(qsizetype offset) const
+{
+    return visit([offset](const auto *units, qsizetype length) {
+        return countLineEnds(units, offset, length);
+    });
+}
+
+qsizetype TextBlock::offsetAfterLineEnd(qsizetype index) const
+{
+    return visit([index](const auto *units, qsizetype length) {
+        constexpr qsizetype stride = 128;
+        qsizetype offset = 0;
+        qsizetype left = index + 1;
+        while (offset + stride < length) {
+            const qint32 ends = countLineEnds(units + offset, stride, length - offset);
+            if (ends >= left)
+                break;
+            left -= ends;
+            offset += stride;
+        }
+        for (; left > 0; ++offset)
+            left -= countLineEnds(units + offset, 1, length - offset);
+        return offset;
+    });
+}
+
+} // namespace platform
