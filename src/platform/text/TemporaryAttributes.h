@@ -23,7 +23,7 @@ class TemporaryAttributes
 {
 public:
     /// `blockRuns`: runs that a block of the tree holds at most; tests make it small.
-    explicit TemporaryAttributes(qsizetype length = 0, qsizetype blockRuns = 128);
+    explicit TemporaryAttributes(qsizetype length = 0, qsizetype blockRuns = 512);
 
     /// Another text, nothing set on it.
     void reset(qsizetype length);

@@ -1,6 +1,7 @@
 #include "platform/text/TextBlock.h"
 
 #include "platform/TextEncoding.h"
+#include <QStringDecoder>
 
 namespace platform {
 
@@ -99,6 +100,9 @@ std::vector<TextBlock> TextBlock::cut(QStringView text, qsizetype limit)
 
 std::optional<std::vector<TextBlock>> TextBlock::cutUtf8(QByteArrayView bytes, qsizetype limit)
 {
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless |
+                                                     QStringConverter::Flag::ConvertInitialBom);
+    QString decoded; // kept for its memory
     std::vector<TextBlock> blocks;
     blocks.reserve(size_t(bytes.size() / limit + 1));
     for (qsizetype start = 0; start < bytes.size();) {
@@ -109,10 +113,11 @@ std::optional<std::vector<TextBlock>> TextBlock::cutUtf8(QByteArrayView bytes, q
         if (isAscii(slice)) {
             blocks.push_back(TextBlock(slice));
         } else {
-            const auto text = decodeUtf8(QByteArray::fromRawData(slice.data(), slice.size()));
-            if (!text)
+            decoded.resize(qMax(decoded.size(), decoder.requiredSpace(slice.size())));
+            const QChar *last = decoder.appendToBuffer(decoded.data(), slice);
+            if (decoder.hasError())
                 return std::nullopt;
-            blocks.push_back(TextBlock(QStringView(*text)));
+            blocks.push_back(TextBlock(QStringView(decoded.constData(), last)));
         }
         start = end;
     }
