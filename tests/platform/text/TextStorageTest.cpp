@@ -71,7 +71,7 @@ class TextStorageBlocks : public testing::TestWithParam<int>
 {
 };
 
-INSTANTIATE_TEST_SUITE_P(Lengths, TextStorageBlocks, testing::Values(1, 2, 3, 8, 50));
+INSTANTIATE_TEST_SUITE_P(Lengths, TextStorageBlocks, testing::Values(1, 2, 3, 8, 50, 400));
 
 TEST_P(TextStorageBlocks, AnyEditsGiveWhatAStringGives)
 {
