@@ -1,0 +1,59 @@
+#include "platform/RegularExpression.h"
+
+#include "platform/Format.h"
+
+#include <limits>
+#include <unicode/uregex.h>
+
+namespace platform {
+
+namespace {
+
+// ICU counts in steps of its machine, of about a millisecond each.
+constexpr int32_t timeLimit = 500;
+
+} // namespace
+
+void RegularExpression::Close::operator()(URegularExpression *expression) const
+{
+    uregex_close(expression);
+}
+
+std::optional<RegularExpression> RegularExpression::compile(const QString &pattern, Error *error)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    UParseError place = {};
+    Handle handle;
+    if (pattern.size() > std::numeric_limits<int32_t>::max())
+        status = U_REGEX_PATTERN_TOO_BIG;
+    else
+        handle.reset(uregex_open(reinterpret_cast<const UChar *>(pattern.utf16()),
+                                 int32_t(pattern.size()), 0, &place, &status));
+    if (U_SUCCESS(status))
+        uregex_setTimeLimit(handle.get(), timeLimit, &status);
+    if (U_SUCCESS(status))
+        return RegularExpression(std::move(handle));
+    fail(error, QStringLiteral("icu"), status,
+         format(QStringLiteral("%s at line %d, character %d"), u_errorName(status), place.line,
+                place.offset));
+    return std::nullopt;
+}
+
+std::vector<QStringView> RegularExpression::matches(QStringView text)
+{
+    std::vector<QStringView> found;
+    if (text.size() > std::numeric_limits<int32_t>::max())
+        return found;
+    // A null pointer is no text to ICU.
+    const QStringView searched = text.isNull() ? QStringView(u"") : text;
+    UErrorCode status = U_ZERO_ERROR;
+    uregex_setText(m_handle.get(), reinterpret_cast<const UChar *>(searched.utf16()),
+                   int32_t(searched.size()), &status);
+    while (uregex_findNext(m_handle.get(), &status) && U_SUCCESS(status)) {
+        const auto start = uregex_start(m_handle.get(), 0, &status);
+        found.push_back(searched.mid(start, uregex_end(m_handle.get(), 0, &status) - start));
+    }
+    return found;
+}
+
+} // namespace platform
