@@ -6,6 +6,7 @@ std::span<const Target> targets()
 {
     static constexpr Target all[] = {
         {"propertylist", &propertyList},
+        {"syntaxdefinition", &syntaxDefinition},
     };
     return all;
 }

@@ -16,5 +16,6 @@ struct Target
 std::span<const Target> targets();
 
 void propertyList(const QByteArray &bytes);
+void syntaxDefinition(const QByteArray &bytes);
 
 } // namespace fuzz

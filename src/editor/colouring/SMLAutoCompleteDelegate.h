@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QStringList>
+
+/// A source of words for the editor's completion list. Whoever hands one to the editor keeps it.
+class SMLAutoCompleteDelegate
+{
+public:
+    virtual ~SMLAutoCompleteDelegate() = default;
+
+    /// The candidates, in the order in which they are offered. Asked at each completion.
+    virtual QStringList completions() const = 0;
+};
