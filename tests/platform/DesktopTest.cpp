@@ -2,6 +2,7 @@
 #include "platform/Workspace.h"
 #include "support/TestSupport.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <QDBusConnection>
@@ -71,11 +72,7 @@ public:
         m_shown += call.arguments().value(0).toStringList();
         return !m_answers || bus.send(call.createReply());
     }
-    void setAnswers(bool answers)
-    {
-        const std::lock_guard lock(m_mutex);
-        m_answers = answers;
-    }
+    void setAnswers(bool answers) { m_answers = answers; }
     QStringList shown() const
     {
         const std::lock_guard lock(m_mutex);
@@ -85,7 +82,7 @@ public:
 private:
     mutable std::mutex m_mutex;
     QStringList m_shown;
-    bool m_answers = true;
+    std::atomic<bool> m_answers = true;
 };
 
 class DesktopTest : public testing::Test
