@@ -640,6 +640,10 @@
         <translation>Dieses HTML enthält Zeilenenden oder Zeichen, die dieser Editor ändern würde. Es wird nur angezeigt, damit nichts verloren geht.</translation>
     </message>
     <message>
+        <source>A save that was cut short has left this file; nothing uses it.</source>
+        <translation>Ein abgebrochenes Sichern hat diese Datei hinterlassen; nichts verwendet sie.</translation>
+    </message>
+    <message>
         <source>This is not a picture that can be read.</source>
         <translation>Dies ist kein lesbares Bild.</translation>
     </message>

@@ -26,7 +26,7 @@ QImage readThumbnail(const QString &path, const QSize &size)
 
 } // namespace
 
-LSMThumbnailLoader::LSMThumbnailLoader(QObject *parent) : QObject(parent), m_images(cacheBytes)
+LSMThumbnailLoader::LSMThumbnailLoader(QObject *parent) : QObject(parent), m_thumbnails(cacheBytes)
 {
     m_pool.setMaxThreadCount(1);
 }
@@ -40,19 +40,21 @@ QImage LSMThumbnailLoader::thumbnail(const QString &path, const QSize &size)
 {
     if (path.isEmpty())
         return {};
-    if (const QImage *image = m_images.object(path))
-        return *image;
+    const Thumbnail *known = m_thumbnails.object(path);
+    if (known && known->size == size)
+        return known->image;
+    const QImage image = known ? known->image : QImage();
     m_requests.removeIf([&path](const Request &request) { return request.path == path; });
     m_requests.append({path, size});
     if (m_requests.size() > mostRequests)
         m_requests.removeFirst();
     loadNext();
-    return {};
+    return image;
 }
 
 void LSMThumbnailLoader::forget(const QString &path)
 {
-    m_images.remove(path);
+    m_thumbnails.remove(path);
 }
 
 void LSMThumbnailLoader::loadNext()
@@ -63,15 +65,16 @@ void LSMThumbnailLoader::loadNext()
     m_pool.start([this, request = m_requests.takeLast()] {
         const QImage image = readThumbnail(request.path, request.size);
         QMetaObject::invokeMethod(
-            this, [this, request, image] { didLoad(request.path, image); }, Qt::QueuedConnection);
+            this, [this, request, image] { didLoad(request, image); }, Qt::QueuedConnection);
     });
 }
 
-void LSMThumbnailLoader::didLoad(const QString &path, const QImage &image)
+void LSMThumbnailLoader::didLoad(const Request &request, const QImage &image)
 {
     m_loading = false;
-    m_images.insert(path, new QImage(image), qMax(1, int(image.sizeInBytes())));
+    m_thumbnails.insert(request.path, new Thumbnail{image, request.size},
+                        qMax(1, int(image.sizeInBytes())));
     if (!image.isNull())
-        Q_EMIT thumbnailDidLoad(path);
+        Q_EMIT thumbnailDidLoad(request.path);
     loadNext();
 }

@@ -16,8 +16,9 @@ public:
     explicit LSMThumbnailLoader(QObject *parent = nullptr);
     ~LSMThumbnailLoader() override;
 
-    /// The picture of the file, within `size` device pixels, or null when it is not there yet (then
-    /// `thumbnailDidLoad` follows) or cannot be read (then not).
+    /// The picture of the file, to fill `size` device pixels, or null when it is not there yet
+    /// (then `thumbnailDidLoad` follows) or cannot be read (then not). When it is known in another
+    /// size, that one until the right one has come.
     QImage thumbnail(const QString &path, const QSize &size);
 
     void forget(const QString &path); ///< It has changed on disk.
@@ -26,16 +27,22 @@ Q_SIGNALS:
     void thumbnailDidLoad(const QString &path);
 
 private:
-    void loadNext();
-    void didLoad(const QString &path, const QImage &image);
-
     struct Request
     {
         QString path;
         QSize size;
     };
-    QCache<QString, QImage> m_images; // by path; cost is bytes
-    QList<Request> m_requests;        // the latest last
+    struct Thumbnail
+    {
+        QImage image;
+        QSize size; // that was asked for
+    };
+
+    void loadNext();
+    void didLoad(const Request &request, const QImage &image);
+
+    QCache<QString, Thumbnail> m_thumbnails; // by path; cost is bytes
+    QList<Request> m_requests;               // the latest last
     bool m_loading = false;
     QThreadPool m_pool;
 };

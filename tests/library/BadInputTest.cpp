@@ -316,3 +316,12 @@ TEST_F(BadInput, TheCheckTakesAPathAsItIsTyped)
     EXPECT_FALSE(checked(path).empty());
     EXPECT_TRUE(isFound(checked(home(u"gone"_s)), home(u"gone"_s), u"nothing at this path"_s));
 }
+
+TEST_F(BadInput, WhatAKilledSaveLeftBehindIsNamed)
+{
+    const QString path = soundBundle(u"A"_s);
+    const QString rest = path + u"/body.html.xKqTzv"_s;
+    support::writeFile(rest, "half");
+    EXPECT_TRUE(isFound(checked(path), rest, u"cut short"_s));
+    EXPECT_EQ(checked(path).size(), 1U);
+}

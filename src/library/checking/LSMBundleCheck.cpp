@@ -137,6 +137,7 @@ void LSMBundleCheck::addBundle(const QString &path)
     checkInfo(path);
     checkBody(path + u'/' + bodyFile);
     checkPictures(path);
+    checkLeftovers(path);
 }
 
 void LSMBundleCheck::checkInfo(const QString &path)
@@ -223,6 +224,17 @@ void LSMBundleCheck::checkPictures(const QString &path)
         reader.setDecideFormatFromContent(true);
         if (!QFileInfo(picture).isFile() || reader.read().isNull())
             add(picture, Error, localized("This is not a picture that can be read."));
+    }
+}
+
+// A save writes beside the file and then puts the new one in its place.
+void LSMBundleCheck::checkLeftovers(const QString &path)
+{
+    for (const auto &file : {bodyFile, infoFile, pngThumbnail, jpegThumbnail}) {
+        const QString pattern = QString(file) + QStringLiteral(".??????");
+        for (const QString &name : QDir(path).entryList({pattern}, QDir::Files | QDir::Hidden))
+            add(path + u'/' + name, Note,
+                localized("A save that was cut short has left this file; nothing uses it."));
     }
 }
 

@@ -31,6 +31,7 @@ private:
     void checkInfo(const QString &path);
     void checkTitle(const QString &path, const QString &title);
     void checkPictures(const QString &path);
+    void checkLeftovers(const QString &path);
     void checkBody(const QString &file);
     void checkText(const QString &file);
     void add(const QString &path, LSMFinding::Level level, const QString &text);
