@@ -644,6 +644,10 @@
         <translation>Ein abgebrochenes Sichern hat diese Datei hinterlassen; nichts verwendet sie.</translation>
     </message>
     <message>
+        <source>The name is not UTF-8. Rename it, and the design loads.</source>
+        <translation>Der Name ist kein UTF-8. Benennen Sie ihn um, dann wird das Design geladen.</translation>
+    </message>
+    <message>
         <source>This is not a picture that can be read.</source>
         <translation>Dies ist kein lesbares Bild.</translation>
     </message>

@@ -317,6 +317,16 @@ TEST_F(BadInput, TheCheckTakesAPathAsItIsTyped)
     EXPECT_TRUE(isFound(checked(home(u"gone"_s)), home(u"gone"_s), u"nothing at this path"_s));
 }
 
+TEST_F(BadInput, NamesThatAreNotUtf8AreNamed)
+{
+    soundBundle(u"A"_s);
+    const QByteArray path = QFile::encodeName(custom) + "/b\xff.html";
+    std::FILE *made = std::fopen(path.constData(), "w");
+    ASSERT_TRUE(made);
+    std::fclose(made);
+    EXPECT_TRUE(isFound(checked(custom), QFile::decodeName(path), u"not UTF-8"_s));
+}
+
 TEST_F(BadInput, WhatAKilledSaveLeftBehindIsNamed)
 {
     const QString path = soundBundle(u"A"_s);

@@ -90,6 +90,13 @@ bool isPlainFolderName(const QString &title)
     return LSMBundlePaths::folderNameForTitle(title) == title && !title.startsWith(u'.');
 }
 
+// A name that was no UTF-8 on disk is another one as a string.
+bool isReachable(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
 } // namespace
 
 void LSMBundleCheck::add(const QString &path, LSMFinding::Level level, const QString &text)
@@ -109,8 +116,12 @@ void LSMBundleCheck::addPath(const QString &givenPath)
         return addOldFile(path);
     if (!info.isReadable())
         return add(path, Error, localized("The folder cannot be read."));
-    for (const QString &entry : LSMDesignLoader::candidates(path))
-        entry.endsWith(u'.' + QString(bundleExtension)) ? addBundle(entry) : addOldFile(entry);
+    for (const QString &entry : LSMDesignLoader::candidates(path)) {
+        if (!isReachable(entry))
+            add(entry, Error, localized("The name is not UTF-8. Rename it, and the design loads."));
+        else
+            entry.endsWith(u'.' + QString(bundleExtension)) ? addBundle(entry) : addOldFile(entry);
+    }
 }
 
 void LSMBundleCheck::addOldFile(const QString &path)
