@@ -59,10 +59,19 @@ CharacterSet CharacterSet::symbols()
     return ofCategories(symbolBits);
 }
 
+CharacterSet CharacterSet::whitespace()
+{
+    return ofCategories(bits(QChar::Separator_Space)).include(QStringLiteral("\t"));
+}
+
+CharacterSet CharacterSet::newlines()
+{
+    return of(QStringLiteral("\n\v\f\r\u0085\u2028\u2029"));
+}
+
 CharacterSet CharacterSet::whitespaceAndNewlines()
 {
-    return ofCategories(bits(QChar::Separator_Space))
-        .include(QStringLiteral("\t\n\v\f\r\u0085\u2028\u2029"));
+    return whitespace().include(newlines());
 }
 
 CharacterSet CharacterSet::of(const QString &units)

@@ -16,7 +16,9 @@ public:
     static CharacterSet alphanumerics();          ///< Letters, marks and numbers.
     static CharacterSet punctuation();            ///< All kinds of it.
     static CharacterSet symbols();                ///< Of currencies and mathematics too.
-    static CharacterSet whitespaceAndNewlines();  ///< Blanks of all widths, tabs, line ends.
+    static CharacterSet whitespace();             ///< Blanks of all widths, and the tab.
+    static CharacterSet newlines();               ///< Line ends, vertical tab, form feed.
+    static CharacterSet whitespaceAndNewlines();  ///< Both.
     static CharacterSet of(const QString &units); ///< The characters of a string.
 
     bool contains(char16_t unit) const

@@ -3,6 +3,7 @@
 #include "platform/Format.h"
 
 #include <limits>
+#include <unicode/uchar.h>
 #include <unicode/uregex.h>
 
 namespace platform {
@@ -54,6 +55,18 @@ std::vector<QStringView> RegularExpression::matches(QStringView text)
         found.push_back(searched.mid(start, uregex_end(m_handle.get(), 0, &status) - start));
     }
     return found;
+}
+
+bool isWordCharacter(char32_t character)
+{
+    if (character < 0x80)
+        return (character >= U'a' && character <= U'z') ||
+               (character >= U'A' && character <= U'Z') ||
+               (character >= U'0' && character <= U'9') || character == U'_';
+    const auto point = UChar32(character);
+    return u_hasBinaryProperty(point, UCHAR_ALPHABETIC) ||
+           (U_GET_GC_MASK(point) & (U_GC_M_MASK | U_GC_ND_MASK | U_GC_PC_MASK)) != 0 ||
+           character == 0x200C || character == 0x200D;
 }
 
 } // namespace platform

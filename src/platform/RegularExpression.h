@@ -33,4 +33,7 @@ private:
     Handle m_handle;
 };
 
+/// What `\w` stands for.
+bool isWordCharacter(char32_t character);
+
 } // namespace platform

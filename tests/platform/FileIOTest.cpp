@@ -128,21 +128,3 @@ TEST_F(FileIO, EveryFailureLeavesOldOrNewBytes)
         }
     }
 }
-
-TEST_F(FileIO, ADeathAtAnyPointLeavesOldOrNewBytes)
-{
-    const QByteArray before = "old";
-    const QByteArray after(50'000, 'n');
-    bool isNew = false;
-    for (int nth = 1; nth < 100; ++nth) {
-        const QString folder = path(QString::number(nth));
-        const QString file = folder + QStringLiteral("/file");
-        support::writeFile(file, before);
-        if (!support::runKilledAt(folder, nth, [&] { writeFileAtomically(file, after); }))
-            break;
-        const QByteArray found = support::readFile(file);
-        EXPECT_TRUE(found == after || (found == before && !isNew)) << "at " << nth;
-        isNew = found == after;
-    }
-    EXPECT_TRUE(isNew) << "the sync of the folder comes after the renaming";
-}

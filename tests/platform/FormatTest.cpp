@@ -15,37 +15,6 @@ QString text(const char *utf8)
 
 } // namespace
 
-TEST(Format, FillsEveryConversion)
-{
-    const struct
-    {
-        QString made;
-        const char *expected;
-    } cases[] = {
-        {format(text("no conversion")), "no conversion"},
-        {format(text("%@ and %@"), text("ä"), "ö"), "ä and ö"},
-        {format(text("100%% of %@"), 5), "100% of 5"},
-        {format(text("%d|%i|%ld|%lld|%zd|%jd"), -1, 2, -3L, 4LL, -5, 6), "-1|2|-3|4|-5|6"},
-        {format(text("%u|%lu|%llu"), 1U, 2UL, std::numeric_limits<quint64>::max()),
-         "1|2|18446744073709551615"},
-        {format(text("%d"), std::numeric_limits<qint64>::min()), "-9223372036854775808"},
-        {format(text("%x|%X|%#x|%o|%08lx"), 255, 255, 255, 8, 0xBEEF), "ff|FF|0xff|10|0000beef"},
-        {format(text("%02hhx%02hhx"), char(-1), 0x101), "ff01"},
-        {format(text("%hd|%hu"), 0x18000, 0x1FFFF), "-32768|65535"},
-        {format(text("[%5d|%-5d|%05d|%+d]"), 42, 42, 42, 42), "[   42|42   |00042|+42]"},
-        {format(text("%f|%.2f|%6.1f|%g|%e"), 0.5, 0.125, 3.14159, 1e20, 1.5),
-         "0.500000|0.12|   3.1|1e+20|1.500000e+00"},
-        {format(text("%@|%@"), 0.1, 1.0), "0.1|1"},
-        {format(text("[%5@|%-5s|%.2s]"), text("ab"), "cd", "efg"), "[   ab|cd   |ef]"},
-        {format(text("%C%C%c"), 0xE4, quint16(0x20AC), 'x'), "ä€x"},
-        {format(text("%p"), reinterpret_cast<const void *>(quintptr(0xABC))), "0xabc"},
-        {format(text("%@"), QStringList{text("a"), text("b")}), "(a, b)"},
-        {format(text("%@"), true), "1"},
-    };
-    for (const auto &[made, expected] : cases)
-        EXPECT_EQ(made, QString::fromUtf8(expected)) << made.toStdString();
-}
-
 TEST(Format, SurvivesWhatDoesNotFit)
 {
     const struct

@@ -180,14 +180,6 @@ TEST_F(UserDefaultsTest, TellsOfEachChangeOnce)
     EXPECT_EQ(changes.size(), 3) << "a change of type is a change";
 }
 
-TEST_F(UserDefaultsTest, IsOnDiskWithoutBeingAsked)
-{
-    UserDefaults defaults(path("new/folder/settings.plist"));
-    defaults.setObject(QStringLiteral("a"), 1);
-    EXPECT_TRUE(support::waitUntil(
-        [&] { return valuesIn(path("new/folder/settings.plist")).value("a") == 1; }));
-}
-
 TEST_F(UserDefaultsTest, NoticesOthersAndMergesByKey)
 {
     UserDefaults defaults(path());
@@ -240,21 +232,6 @@ TEST_F(UserDefaultsTest, NoticesAFolderThatComesLater)
     PropertyList::write(QVariantMap{{"k", 1}}, PropertyList::Format::Xml,
                         path("a/b/settings.plist"));
     EXPECT_TRUE(support::waitUntil([&] { return defaults.integer(QStringLiteral("k")) == 1; }));
-}
-
-TEST_F(UserDefaultsTest, TwoObjectsShareAFile)
-{
-    UserDefaults one(path());
-    UserDefaults two(path());
-    QStringList changes;
-    recordChanges(two, changes);
-    one.setObject(QStringLiteral("a"), 1);
-    two.setObject(QStringLiteral("b"), 2);
-    EXPECT_TRUE(support::waitUntil([&] { return changes.contains(QStringLiteral("a")); }));
-    EXPECT_EQ(changes.count(QStringLiteral("a")), 1);
-    EXPECT_EQ(two.integer(QStringLiteral("a")), 1);
-    EXPECT_TRUE(one.synchronize());
-    EXPECT_EQ(valuesIn(path()), QVariantMap({{"a", 1LL}, {"b", 2LL}}));
 }
 
 TEST_F(UserDefaultsTest, NeverOverwritesWhatItCannotRead)

@@ -65,9 +65,13 @@ public:
         const platform::TextAttributeKeys keys =
             platform::TextAttributeKeys::fromInt(int(random.below(32)));
         const auto values = valuesOf(set);
-        const qsizetype kind = random.below(8);
+        const qsizetype kind = random.below(9);
         if (kind < 2) {
             edit(range, random.below(naive.size() > 300 ? 3 : 12));
+            return;
+        }
+        if (kind == 8) {
+            replace(keys, range, random);
             return;
         }
         if (kind == 2)
@@ -85,6 +89,26 @@ public:
                     value = {};
             }
         }
+    }
+
+    // By stretches that know nothing of the runs.
+    void replace(platform::TextAttributeKeys keys, TextRange range, RandomText &random)
+    {
+        qsizetype index = range.location;
+        runs.replace(keys, range, [&]() -> TemporaryAttributes::Stretch {
+            EXPECT_LT(index, range.end());
+            const auto &set = samples()[size_t(random.below(qsizetype(samples().size())))];
+            const qsizetype length = 1 + random.below(range.end() - index);
+            const auto values = valuesOf(set);
+            for (const qsizetype end = index + length; index < end; ++index) {
+                for (size_t k = 0; k < values.size(); ++k) {
+                    if (values[k].isValid() || (keys & platform::allTextAttributes[k]))
+                        naive[size_t(index)][k] = values[k];
+                }
+            }
+            return {length, &set};
+        });
+        EXPECT_EQ(index, range.end());
     }
 
     void edit(TextRange old, qsizetype length)
