@@ -1,23 +1,32 @@
-// Measures the text storage and the temporary attributes, on HTML-like text of 10 KB and 100 MB:
+// Measures the text storage, the temporary attributes and the layout, on HTML-like text of 10 KB
+// and 100 MB:
 //
 //     cmake --preset bench && cmake --build --preset bench --target text_bench
 //     build/bench/bin/text_bench [--benchmark_filter=...]
 //
 // BareDecoding is the yardstick for BuildFromUtf8.
 
+#include "platform/text/LayoutManager.h"
 #include "platform/text/TemporaryAttributes.h"
+#include "platform/text/TextPattern.h"
 #include "platform/text/TextReader.h"
 #include "platform/text/TextSearch.h"
 #include "platform/text/TextStorage.h"
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 #include <QColor>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QImage>
 #include <random>
 
 using benchmark::State;
+using platform::LayoutManager;
 using platform::TemporaryAttributes;
 using platform::TextAttribute;
 using platform::TextAttributes;
+using platform::TextPattern;
+using platform::TextQuery;
 using platform::TextRange;
 using platform::TextReader;
 using platform::TextStorage;
@@ -217,6 +226,34 @@ BENCHMARK(SearchWhole)
     ->ArgsProduct({{large}, {0, 1}, {Qt::CaseSensitive, Qt::CaseInsensitive}})
     ->Unit(benchmark::kMillisecond);
 
+// All matches, found in one go instead of between the events.
+void FindAll(State &state)
+{
+    static const TextQuery queries[] = {
+        {QStringLiteral("absent"), false, false, false},
+        {QStringLiteral("price"), false, true, true},
+        {QStringLiteral("absent|gone"), true, true, false},
+        {QStringLiteral("<(\\w+) [^>]*>"), true, false, false},
+    };
+    TextStorage storage;
+    if (!storage.setUtf8(sample(large)))
+        std::abort();
+    const auto pattern = TextPattern::compile(queries[state.range(0)]);
+    qsizetype found = 0;
+    for (auto _ : state) {
+        found = 0;
+        TextPattern::Step step;
+        while ((step = pattern->find(storage, step.position, QDeadlineTimer::Forever)).outcome ==
+               TextPattern::Outcome::Found) {
+            step.position = TextPattern::positionAfter(storage, step.match);
+            ++found;
+        }
+    }
+    state.counters["found"] = double(found);
+    setBytes(state, storage.length());
+}
+BENCHMARK(FindAll)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
+
 const TextAttributes command = {{TextAttribute::ForegroundColor, QColor(0, 0, 255)},
                                 {TextAttribute::Group, "command"}};
 const TextAttributes string = {{TextAttribute::ForegroundColor, QColor(255, 0, 0)},
@@ -300,6 +337,74 @@ void RemoveAll(State &state)
 }
 BENCHMARK(RemoveAll)->Arg(20'000'000)->Unit(benchmark::kMillisecond);
 
+// Ten runs of colour in each of 53 lines of about 100 characters.
+class Page
+{
+public:
+    static constexpr int rows = 53;
+
+    Page()
+    {
+        QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        font.setPixelSize(13);
+        layout.setFont(font);
+        layout.textStorage()->setString(
+            QStringLiteral("<td class=\"price\">").repeated(6).append(u'\n').repeated(rows));
+        for (qsizetype at = 0; at + 12 < layout.textStorage()->length(); at += 10)
+            layout.addTemporaryAttributes(colours[size_t(at / 10 % 2)], {at, 8});
+        draw();
+    }
+
+    void draw()
+    {
+        QPainter painter(&m_image);
+        for (int line = 0; line < rows; ++line)
+            layout.drawLine(&painter, line, {4, line * layout.style().rowHeight}, m_image.rect());
+    }
+
+    const TextAttributes colours[2] = {{{TextAttribute::ForegroundColor, QColor(Qt::darkBlue)}},
+                                       {{TextAttribute::ForegroundColor, QColor(Qt::darkRed)}}};
+    LayoutManager layout;
+
+private:
+    QImage m_image{1000, 800, QImage::Format_RGB32};
+};
+
+void DrawPage(State &state)
+{
+    Page page;
+    for (auto _ : state)
+        page.draw();
+}
+BENCHMARK(DrawPage)->Unit(benchmark::kMicrosecond);
+
+void DrawPageWithALineAnew(State &state)
+{
+    Page page;
+    for (auto _ : state) {
+        page.layout.textStorage()->replaceCharacters({500, 1}, u"x");
+        page.draw();
+    }
+}
+BENCHMARK(DrawPageWithALineAnew)->Unit(benchmark::kMicrosecond);
+
+void DrawPageWithALineRecoloured(State &state)
+{
+    Page page;
+    size_t colour = 0;
+    for (auto _ : state) {
+        page.layout.addTemporaryAttributes(page.colours[++colour % 2], {530, 8});
+        page.draw();
+    }
+}
+BENCHMARK(DrawPageWithALineRecoloured)->Unit(benchmark::kMicrosecond);
+
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}

@@ -130,6 +130,36 @@ void TemporaryAttributes::remove(TextAttributeKeys keys, TextRange range)
     });
 }
 
+void TemporaryAttributes::replace(TextAttributeKeys keys, TextRange range,
+                                  const std::function<Stretch()> &next)
+{
+    check(range);
+    forgetUnused();
+    Stretch stretch{};
+    std::vector<std::pair<const TextAttributes *, Number>> known; // by what the set had already
+    Number bare = 0;
+    rewrite(range, [&](Block &out, quint32 length, Number set) {
+        if (const Number left = m_table.without(set, keys); left != bare) {
+            bare = left;
+            known.clear();
+        }
+        while (length > 0) {
+            if (stretch.length == 0)
+                stretch = next();
+            auto at = std::find_if(known.begin(), known.end(), [&stretch](const auto &pair) {
+                return pair.first == stretch.attributes;
+            });
+            if (at == known.end())
+                at = known.insert(at, {stretch.attributes,
+                                       m_table.with(bare, m_table.number(*stretch.attributes))});
+            const auto part = quint32(std::min<qsizetype>(stretch.length, length));
+            out.append(part, at->second);
+            stretch.length -= part;
+            length -= part;
+        }
+    });
+}
+
 void TemporaryAttributes::textDidChange(TextRange range, qsizetype changeInLength)
 {
     const TextRange old{range.location, range.length - changeInLength};
@@ -220,7 +250,9 @@ void TemporaryAttributes::rewrite(TextRange range, Map map)
     if (range.isEmpty())
         return;
     Tree::Place at = place(range.location);
-    if (range.end() <= at.next().before.length) {
+    // A long range may get more runs than are worth to pass through the block.
+    const bool isShort = range.length <= m_blockRuns * 16;
+    if (isShort && range.end() <= at.next().before.length) {
         rewriteWithin(at, range, map);
         return;
     }

@@ -22,6 +22,13 @@ namespace platform {
 class TemporaryAttributes
 {
 public:
+    /// A stretch of text and what it has; the attributes are borrowed.
+    struct Stretch
+    {
+        qsizetype length; ///< At least 1.
+        const TextAttributes *attributes;
+    };
+
     /// `blockRuns`: runs that a block of the tree holds at most; tests make it small.
     explicit TemporaryAttributes(qsizetype length = 0, qsizetype blockRuns = 512);
 
@@ -47,6 +54,10 @@ public:
     void set(const TextAttributes &attributes, TextRange range); ///< In place of all others.
     void add(const TextAttributes &attributes, TextRange range); ///< In place of the same keys.
     void remove(TextAttributeKeys keys, TextRange range);
+
+    /// Many changes in one walk: the range loses the keys and gets the attributes of the stretches,
+    /// which `next` gives in order until they fill it.
+    void replace(TextAttributeKeys keys, TextRange range, const std::function<Stretch()> &next);
 
     /// The text has been edited: `range` is where the new text stands, now; `changeInLength` is the
     /// length that was gained or lost.

@@ -48,7 +48,7 @@ public:
     }
 
     bool isAtStart() const { return m_state == 0; }
-    char16_t firstUnit() const { return m_pattern[0].unicode(); }
+    const QString &pattern() const { return m_pattern; }
 
     /// True when the pattern ends with this unit.
     bool takes(char16_t unit)
@@ -71,6 +71,29 @@ private:
     qsizetype m_state = 0;
 };
 
+// How common a unit is in source texts, by guess; what is not named is rare.
+qsizetype commonness(char16_t unit)
+{
+    static const QString common =
+        QStringLiteral(" etaoinsrlcdpmuhfgbywvk/<>=\"\n.-;:_(),0123456789'xTSACEIRDPLNMOBFjqz");
+    const qsizetype at = common.indexOf(QChar(unit));
+    return at < 0 ? 0 : common.size() - at;
+}
+
+// The unit of the pattern that is looked for first, a rare one; -1 if none has a single form.
+qsizetype anchorOf(QStringView pattern, Qt::CaseSensitivity sensitivity)
+{
+    qsizetype anchor = -1;
+    for (qsizetype i = 0; i < pattern.size(); ++i) {
+        const char16_t unit = pattern[i].unicode();
+        const bool hasOneForm =
+            sensitivity == Qt::CaseSensitive || (unit < 0x80 && !QChar::isLetter(unit));
+        if (hasOneForm && (anchor < 0 || commonness(unit) < commonness(pattern[anchor].unicode())))
+            anchor = i;
+    }
+    return anchor;
+}
+
 const uchar *find(const uchar *first, const uchar *last, char16_t unit)
 {
     const void *at = unit > 0xFF ? nullptr : std::memchr(first, unit, size_t(last - first));
@@ -79,25 +102,42 @@ const uchar *find(const uchar *first, const uchar *last, char16_t unit)
 
 const char16_t *find(const char16_t *first, const char16_t *last, char16_t unit)
 {
-    return std::find(first, last, unit);
+    const qsizetype at = QStringView(first, last).indexOf(QChar(unit));
+    return at < 0 ? last : first + at;
 }
 
-// The nearest place from `from` towards `to` at which the unit comes next; `to` if there is none.
+const uchar *findLast(const uchar *first, const uchar *last, char16_t unit)
+{
+    const void *at = unit > 0xFF ? nullptr : ::memrchr(first, unit, size_t(last - first));
+    return at ? static_cast<const uchar *>(at) + 1 : first;
+}
+
+const char16_t *findLast(const char16_t *first, const char16_t *last, char16_t unit)
+{
+    while (last != first && last[-1] != unit)
+        --last;
+    return last;
+}
+
+// The nearest place from `from` towards `to` at which the pattern may start, given that the unit
+// is its one at `offset`.
 template <class Unit>
-const Unit *skipped(const Unit *from, const Unit *to, char16_t unit)
+const Unit *skipped(const Unit *from, const Unit *to, char16_t unit, qsizetype offset)
 {
     if (from <= to)
-        return find(from, to, unit);
-    while (from != to && from[-1] != unit)
-        --from;
-    return from;
+        return to - from <= offset ? from : find(from + offset, to, unit) - offset;
+    return from - to <= offset ? from : findLast(to, from - offset, unit) + offset;
 }
 
 template <SearchDirection direction, Qt::CaseSensitivity sensitivity>
 class Search
 {
 public:
-    explicit Search(QStringView string) : m_matcher(prepared(string)) {}
+    explicit Search(QStringView string)
+        : m_matcher(prepared(string)), m_anchor(anchorOf(m_matcher.pattern(), sensitivity)),
+          m_anchorUnit(m_anchor < 0 ? u'\0' : m_matcher.pattern()[m_anchor].unicode())
+    {
+    }
 
     /// The index of the unit that completes the match, or NotFound; `units[0]` stands at
     /// `location`.
@@ -108,8 +148,8 @@ public:
         const Unit *last = first + part.length;
         const Unit *to = forward ? last : first;
         for (const Unit *at = forward ? first : last; at != to; at += forward ? 1 : -1) {
-            if (sensitivity == Qt::CaseSensitive && m_matcher.isAtStart()) {
-                at = skipped(at, to, m_matcher.firstUnit());
+            if (m_anchor >= 0 && m_matcher.isAtStart()) {
+                at = skipped(at, to, m_anchorUnit, m_anchor);
                 if (at == to)
                     return NotFound;
             }
@@ -137,6 +177,8 @@ private:
     }
 
     Matcher m_matcher;
+    qsizetype m_anchor;
+    char16_t m_anchorUnit;
 };
 
 template <SearchDirection direction, Qt::CaseSensitivity sensitivity>

@@ -86,8 +86,13 @@ qsizetype TextStorage::lineStart(qsizetype line) const
         return NotFound;
     if (line == 0)
         return 0;
-    const Tree::Place at = m_tree.find(&TextMeasure::lineEnds, line - 1);
-    return at.before.length + at.node->block.offsetAfterLineEnd(line - 1 - at.before.lineEnds);
+    LineStart &known = m_lineStarts[size_t(line) % m_lineStarts.size()];
+    if (known.line != line) {
+        const Tree::Place at = m_tree.find(&TextMeasure::lineEnds, line - 1);
+        const qsizetype before = line - 1 - at.before.lineEnds;
+        known = {line, at.before.length + at.node->block.offsetAfterLineEnd(before)};
+    }
+    return known.start;
 }
 
 TextRange TextStorage::lineRange(TextRange range) const
@@ -118,6 +123,7 @@ void TextStorage::replaceCharacters(TextRange range, QStringView string)
     checkEdit(length() + change);
     if (range.isEmpty() && string.isEmpty())
         return;
+    announce(range);
     splice(range, string);
     edited({range.location, string.size()}, change);
 }
@@ -131,6 +137,7 @@ bool TextStorage::setUtf8(QByteArrayView bytes)
     checkEdit(0);
     if (oldLength == 0 && blocks->empty())
         return true;
+    announce({0, oldLength});
     m_tree.assign(std::move(*blocks));
     edited({0, length()}, length() - oldLength);
     return true;
@@ -178,9 +185,16 @@ void TextStorage::splice(TextRange range, QStringView string)
     m_tree.replace(first, last, TextBlock::cut(string, m_blockLength));
 }
 
+void TextStorage::announce(TextRange range)
+{
+    const QScopedValueRollback<bool> replacing(m_replacing, true);
+    Q_EMIT charactersWillBeReplaced(range);
+}
+
 void TextStorage::edited(TextRange range, qsizetype changeInLength)
 {
     m_lastPlace = {};
+    m_lineStarts.fill({});
     ++m_revision;
     if (m_pending) {
         const qsizetype oldEnd = range.end() - changeInLength;
@@ -220,7 +234,7 @@ void TextStorage::checkRange(TextRange range) const
 
 void TextStorage::checkEdit(qsizetype newLength) const
 {
-    PLATFORM_ASSERT(!m_replacing, "edit from within charactersReplaced");
+    PLATFORM_ASSERT(!m_replacing, "edit from within the signal of another");
     PLATFORM_ASSERT(newLength <= maximumLength, "text of %ld units is too long", newLength);
 }
 

@@ -4,6 +4,7 @@
 #include "platform/text/BlockTree.h"
 #include "platform/text/TextBlock.h"
 #include "platform/text/TextRange.h"
+#include <array>
 #include <optional>
 #include <QObject>
 
@@ -88,6 +89,9 @@ public:
     quint64 revision() const { return m_revision; }
 
 Q_SIGNALS:
+    /// Before each edit: what stands in `range` goes. Nobody may edit in it.
+    void charactersWillBeReplaced(platform::TextRange range);
+
     /// At once after each edit, also within a group, for what has to stay in step with the text.
     /// `range` is where the new text stands, `changeInLength` the length gained or lost. Nobody may
     /// edit in it.
@@ -107,8 +111,14 @@ private:
         TextRange range;
         qsizetype changeInLength = 0;
     };
+    struct LineStart
+    {
+        qsizetype line = NotFound;
+        qsizetype start = 0;
+    };
 
     Tree::Place place(qsizetype index) const;
+    void announce(TextRange range);
     void splice(TextRange range, QStringView string);
     void edited(TextRange range, qsizetype changeInLength);
     void processEditing();
@@ -116,12 +126,13 @@ private:
     void checkEdit(qsizetype newLength) const;
 
     Tree m_tree;
-    mutable Tree::Place m_lastPlace; ///< No node: unknown.
+    mutable Tree::Place m_lastPlace;                 ///< No node: unknown.
+    mutable std::array<LineStart, 128> m_lineStarts; ///< As many as a screen shows.
     qsizetype m_blockLength;
     quint64 m_revision = 0;
     std::optional<Edit> m_pending; ///< Not told of yet.
     int m_grouping = 0;
-    bool m_replacing = false;  ///< While charactersReplaced is emitted.
+    bool m_replacing = false;  ///< While the signals of each edit are emitted.
     bool m_processing = false; ///< While the processing signals are.
 };
 
