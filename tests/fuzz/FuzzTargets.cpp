@@ -7,6 +7,7 @@ std::span<const Target> targets()
     static constexpr Target all[] = {
         {"propertylist", &propertyList},
         {"syntaxdefinition", &syntaxDefinition},
+        {"colouring", &colouring},
     };
     return all;
 }

@@ -17,5 +17,6 @@ std::span<const Target> targets();
 
 void propertyList(const QByteArray &bytes);
 void syntaxDefinition(const QByteArray &bytes);
+void colouring(const QByteArray &bytes);
 
 } // namespace fuzz
