@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+
+class QDragEnterEvent;
+class QDragLeaveEvent;
+class QDragMoveEvent;
+class QDropEvent;
+
+/// What the delegate of an SMLTextView may be as well, to take over what is dragged onto the view.
+/// An operation that answers leaves the usual handling undone; those that are not overridden say
+/// "not implemented". Accept or ignore the event as an event handler would.
+class MGSDragOperationDelegate
+{
+public:
+    virtual ~MGSDragOperationDelegate() = default;
+
+    /// True: handled.
+    virtual bool draggingEntered(QDragEnterEvent *) { return false; }
+    virtual bool draggingUpdated(QDragMoveEvent *) { return false; }
+    virtual bool draggingExited(QDragLeaveEvent *) { return false; }
+
+    /// In this order for a drop. A false answer to one of the first two ends it there.
+    virtual std::optional<bool> prepareForDragOperation(QDropEvent *) { return std::nullopt; }
+    virtual std::optional<bool> performDragOperation(QDropEvent *) { return std::nullopt; }
+    virtual void concludeDragOperation(QDropEvent *) {}
+    virtual void draggingEnded() {} ///< Dropped or not.
+};

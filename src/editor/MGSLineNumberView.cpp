@@ -1,0 +1,304 @@
+#include "editor/MGSLineNumberView.h"
+
+#include "editor/MGSBreakpointDelegate.h"
+#include "editor/MGSFont.h"
+#include "editor/MGSTextStorageExtensions.h"
+#include "platform/Assert.h"
+
+#include <cmath>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QFontInfo>
+#include <QMenu>
+
+using platform::NotFound;
+using platform::TextRange;
+using platform::TextStorage;
+
+namespace {
+
+constexpr qreal numberMargin = 5; // pixels right of the numbers
+
+QColor defaultBreakpointColour()
+{
+    return QColor::fromRgbF(1.0F, 0.5F, 1.0F);
+}
+
+} // namespace
+
+MGSLineNumberView::MGSLineNumberView(platform::TextView *textView, MGSFragariaView *fragaria)
+    : m_textView(textView), m_fragaria(fragaria)
+{
+    setObjectName(QStringLiteral("MGSLineNumberView"));
+    setCursor(Qt::ArrowCursor);
+    m_textView->setRuler(this);
+    setFont(mgs_defaultFont());
+    const auto redisplay = [this] {
+        update();
+    };
+    connect(m_textView, &platform::TextView::scrollPositionDidChange, this, redisplay);
+    connect(m_textView, &platform::TextView::frameDidChange, this, redisplay, Qt::QueuedConnection);
+    connect(m_textView->layoutManager(), &platform::LayoutManager::layoutDidChange, this,
+            redisplay);
+    layoutManagerDidChangeTextStorage();
+}
+
+void MGSLineNumberView::layoutManagerWillChangeTextStorage()
+{
+    m_textView->textStorage()->disconnect(this);
+}
+
+void MGSLineNumberView::layoutManagerDidChangeTextStorage()
+{
+    m_lastLineCount = lineCount();
+    connect(m_textView->textStorage(), &TextStorage::didProcessEditing, this,
+            &MGSLineNumberView::textStorageDidProcessEditing);
+    updateThickness();
+}
+
+void MGSLineNumberView::textStorageDidProcessEditing(TextRange range, qsizetype changeInLength)
+{
+    const qsizetype delta = lineCount() - m_lastLineCount;
+    m_lastLineCount = lineCount();
+    if (m_breakpointDelegate && changeInLength != 0 && delta != 0) {
+        const TextStorage &text = *m_textView->textStorage();
+        const qsizetype end = qMin(range.end(), text.length());
+        const qsizetype first = text.lineAt(qMin(range.location, end));
+        const qsizetype count = range.isEmpty() ? 1 : text.lineAt(end) - first + 1;
+        m_breakpointDelegate->fixBreakpointsOfAddedLines(delta, {first + 1, count}, m_fragaria);
+        reloadBreakpointData();
+    }
+    updateThickness();
+}
+
+void MGSLineNumberView::setBreakpointDelegate(MGSBreakpointDelegate *delegate)
+{
+    m_breakpointDelegate = delegate;
+    reloadBreakpointData();
+}
+
+void MGSLineNumberView::reloadBreakpointData()
+{
+    m_breakpointData.clear();
+    update();
+    if (!m_breakpointDelegate)
+        return;
+    if (const auto coloured = m_breakpointDelegate->colouredBreakpointsForFragaria(m_fragaria)) {
+        m_breakpointData = *coloured;
+        return;
+    }
+    const auto lines = m_breakpointDelegate->breakpointsForFragaria(m_fragaria);
+    if (!lines)
+        throw platform::Exception(
+            QStringLiteral("MGSBrokenBreakpointDelegate"),
+            platform::format(
+                QStringLiteral(
+                    "The breakpoint delegate %p of %p does not implement at least one of "
+                    "the following methods: -colouredBreakpointsForFragaria:, "
+                    "-breakpointsForFragaria:."),
+                static_cast<const void *>(m_breakpointDelegate),
+                static_cast<const void *>(m_fragaria)));
+    for (const qsizetype line : *lines) {
+        const QColor colour = m_breakpointDelegate->breakpointColourForLine(line, m_fragaria);
+        m_breakpointData.insert(line, colour.isValid() ? colour : defaultBreakpointColour());
+    }
+}
+
+void MGSLineNumberView::setFont(const QFont &font)
+{
+    QWidget::setFont(font);
+    updateDigitWidthCache();
+    updateThickness();
+}
+
+void MGSLineNumberView::setTextColor(const QColor &colour)
+{
+    m_textColor = colour;
+    update();
+}
+
+void MGSLineNumberView::setBackgroundColor(const QColor &colour)
+{
+    m_backgroundColor = colour;
+    update();
+}
+
+void MGSLineNumberView::setMinimumWidth(double pixels)
+{
+    m_minimumWidth = pixels;
+    updateThickness();
+}
+
+void MGSLineNumberView::setStartingLineNumber(int number)
+{
+    m_startingLineNumber = number;
+    updateThickness();
+}
+
+void MGSLineNumberView::setShowsLineNumbers(bool shows)
+{
+    m_showsLineNumbers = shows;
+    updateThickness();
+}
+
+void MGSLineNumberView::setDecorations(const Decorations &decorations)
+{
+    m_decorations = decorations;
+    updateThickness();
+}
+
+void MGSLineNumberView::setDecorationAction(QObject *target, const QByteArray &selector)
+{
+    m_decorationActionTarget = target;
+    m_decorationActionSelector = selector;
+}
+
+qsizetype MGSLineNumberView::lineCount() const
+{
+    return mgs_lineCount(*m_textView->textStorage());
+}
+
+void MGSLineNumberView::updateDigitWidthCache()
+{
+    const QFontMetricsF metrics(font());
+    m_maxDigitWidthOfCurrentFont = 0;
+    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
+        m_maxDigitWidthOfCurrentFont =
+            qMax(m_maxDigitWidthOfCurrentFont, metrics.horizontalAdvance(QChar(digit)));
+}
+
+void MGSLineNumberView::updateThickness()
+{
+    if (sizeHint().width() != width())
+        m_textView->updateRulerWidth();
+    update();
+}
+
+QSize MGSLineNumberView::sizeHint() const
+{
+    return {int(requiredThickness()), 0};
+}
+
+double MGSLineNumberView::requiredThickness() const
+{
+    const qsizetype lastNumber = qMax(qsizetype(0), lineCount() + m_startingLineNumber - 1);
+    const qsizetype digits = QString::number(lastNumber).size();
+    const qreal numbers =
+        m_showsLineNumbers ? qreal(digits) * m_maxDigitWidthOfCurrentFont + numberMargin : 0;
+    return std::ceil(qMax(numbers + decorationColumnWidth() + numberMargin, m_minimumWidth));
+}
+
+double MGSLineNumberView::decorationColumnWidth() const
+{
+    const qreal height = m_textView->layoutManager()->style().rowHeight;
+    qreal column = 0;
+    for (auto it = m_decorations.cbegin(); it != m_decorations.cend(); ++it) {
+        if (it.key() >= 1 && it.key() <= lineCount())
+            column = qMax(column, decorationInset(height) + decorationSize(*it, height).width());
+    }
+    return std::ceil(column);
+}
+
+qsizetype MGSLineNumberView::lineNumberForLocation(qreal y) const
+{
+    return m_textView->lineAtY(y + this->y() - m_textView->viewport()->y());
+}
+
+QRectF MGSLineNumberView::wholeLineRectForLine(qsizetype row) const
+{
+    if (mgs_firstCharacterInRow(*m_textView->textStorage(), row) == NotFound)
+        return {};
+    const QRectF inViewport = m_textView->rectOfLine(row);
+    if (inViewport.isNull())
+        return {};
+    const qreal top = inViewport.top() + m_textView->viewport()->y() - y();
+    return {0, top, qreal(width()), m_textView->layoutManager()->style().rowHeight};
+}
+
+qreal MGSLineNumberView::decorationInset(qreal lineHeight) const
+{
+    const qreal fontSize = QFontInfo(font()).pixelSize();
+    return qMax<qreal>(1, qMin(lineHeight / 12, fontSize / 11)) + numberMargin;
+}
+
+QSizeF MGSLineNumberView::decorationSize(const QPixmap &decoration, qreal lineHeight) const
+{
+    const QSizeF natural = decoration.deviceIndependentSize();
+    const qreal inset = decorationInset(lineHeight) - numberMargin;
+    const qreal height = qMin<qreal>(lineHeight - 2 * inset, QFontInfo(font()).pixelSize());
+    return natural.isEmpty() ? QSizeF() : natural * (height / natural.height());
+}
+
+QRectF MGSLineNumberView::decorationRectOfLine(qsizetype row) const
+{
+    const auto decoration = m_decorations.constFind(row + 1);
+    const QRectF line = wholeLineRectForLine(row);
+    if (decoration == m_decorations.cend() || line.isNull())
+        return {};
+    const QSizeF size = decorationSize(*decoration, line.height());
+    const QPointF corner(line.left() + decorationInset(line.height()),
+                         line.bottom() - size.height() - 1);
+    return QRectF(corner, size).toAlignedRect();
+}
+
+MGSLineNumberView::Hit MGSLineNumberView::testHit(QPointF point) const
+{
+    if (!QRectF(rect()).contains(point))
+        return {};
+    const qsizetype row = lineNumberForLocation(point.y());
+    const QRectF decoration = decorationRectOfLine(row);
+    if (decoration.contains(point))
+        return {row, HitKind::Decoration, decoration};
+    return {row, HitKind::Line, wholeLineRectForLine(row)};
+}
+
+void MGSLineNumberView::mousePressEvent(QMouseEvent *event)
+{
+    m_mouseDown = event->button() == Qt::LeftButton ? testHit(event->position()) : Hit();
+    if (m_mouseDown.kind == HitKind::Line)
+        breakpointClickedOnLine(m_mouseDown.row + 1);
+}
+
+void MGSLineNumberView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const Hit down = std::exchange(m_mouseDown, Hit());
+    if (event->button() != Qt::LeftButton || down.row == NotFound)
+        return;
+    const Hit up = testHit(event->position());
+    if (up.rect != down.rect) {
+        if (down.kind == HitKind::Line)
+            breakpointClickedOnLine(down.row + 1);
+    } else if (down.kind == HitKind::Decoration && up.kind == HitKind::Decoration) {
+        m_selectedLineNumber = down.row;
+        if (m_decorationActionTarget)
+            QMetaObject::invokeMethod(m_decorationActionTarget,
+                                      m_decorationActionSelector.constData(),
+                                      Q_ARG(QObject *, this));
+    }
+}
+
+void MGSLineNumberView::breakpointClickedOnLine(qsizetype line)
+{
+    m_selectedLineNumber = line;
+    if (m_breakpointDelegate)
+        m_breakpointDelegate->toggleBreakpointForFragaria(m_fragaria, line);
+    reloadBreakpointData();
+}
+
+void MGSLineNumberView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const Hit hit = testHit(event->pos());
+    const bool isOnLine = m_breakpointDelegate && hit.kind == HitKind::Line;
+    const std::unique_ptr<QMenu> menu(
+        isOnLine ? m_breakpointDelegate->menuForBreakpointInLine(hit.row + 1, m_fragaria)
+                 : nullptr);
+    if (menu)
+        menu->exec(event->globalPos());
+    else
+        event->ignore();
+}
+
+void MGSLineNumberView::wheelEvent(QWheelEvent *event)
+{
+    QCoreApplication::sendEvent(m_textView->viewport(), event);
+}

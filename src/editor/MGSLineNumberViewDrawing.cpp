@@ -1,0 +1,106 @@
+// How the gutter looks.
+#include "editor/MGSLineNumberView.h"
+
+#include <cmath>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPaintEvent>
+
+namespace {
+
+constexpr qreal numberMargin = 5; // pixels right of the numbers
+constexpr qreal dividerDarkening = 0.3933333333333333;
+constexpr qreal markerSlant = 2.6; // the tip of a marker is the height by this long
+
+QColor blended(const QColor &colour, qreal fraction, const QColor &other)
+{
+    const auto mix = [fraction](float a, float b) {
+        return a + (b - a) * float(fraction);
+    };
+    return QColor::fromRgbF(mix(colour.redF(), other.redF()), mix(colour.greenF(), other.greenF()),
+                            mix(colour.blueF(), other.blueF()));
+}
+
+/// An arrow-shaped tag that points to the right.
+QPainterPath markerShape(const QRectF &rect)
+{
+    const QRectF tag = rect.adjusted(0, 0, 0, -1);
+    const qreal shoulder = tag.right() - rect.height() / markerSlant;
+    QPainterPath shape(tag.topLeft());
+    shape.lineTo(shoulder, tag.top());
+    shape.lineTo(tag.right(), tag.center().y());
+    shape.lineTo(shoulder, tag.bottom());
+    shape.lineTo(tag.bottomLeft());
+    shape.closeSubpath();
+    return shape;
+}
+
+} // namespace
+
+void MGSLineNumberView::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.setClipRect(event->rect());
+    drawBackground(&painter);
+    const qsizetype rows = lineCount();
+    for (qsizetype row = lineNumberForLocation(event->rect().top()); row < rows; ++row) {
+        const QRectF rect = wholeLineRectForLine(row);
+        if (rect.isNull() || rect.top() > event->rect().bottom())
+            break;
+        drawRow(&painter, row, rect);
+    }
+}
+
+void MGSLineNumberView::drawBackground(QPainter *painter) const
+{
+    painter->fillRect(rect(), m_backgroundColor);
+    const QColor line = blended(m_backgroundColor, 0.5, m_textView->backgroundColor());
+    const QLineF divider(width() - 0.5, 0, width() - 0.5, height());
+    painter->setPen(QPen(line, 1, Qt::SolidLine, Qt::FlatCap));
+    painter->drawLine(divider);
+
+    QPen dashes(blended(line, dividerDarkening, Qt::black), 1, Qt::CustomDashLine, Qt::FlatCap);
+    dashes.setDashPattern({1, 2});
+    const platform::ScrollPosition scrolled = m_textView->scrollPosition();
+    const qreal rowHeight = m_textView->layoutManager()->style().rowHeight;
+    dashes.setDashOffset(std::fmod(qreal(scrolled.line) * rowHeight + scrolled.above, 3));
+    painter->setPen(dashes);
+    painter->drawLine(divider);
+}
+
+void MGSLineNumberView::drawRow(QPainter *painter, qsizetype row, const QRectF &rect)
+{
+    QColor colour = m_textColor;
+    if (const auto marker = m_breakpointData.constFind(row + 1);
+        marker != m_breakpointData.cend()) {
+        drawMarker(painter, rect, *marker);
+        colour = blended(colour, marker->alphaF(), Qt::white);
+    }
+    if (m_showsLineNumbers)
+        drawLineNumber(painter, row, rect, colour);
+    const QRectF decoration = decorationRectOfLine(row);
+    if (!decoration.isNull()) {
+        painter->setRenderHint(QPainter::SmoothPixmapTransform);
+        painter->drawPixmap(decoration.toRect(), m_decorations[row + 1]);
+    }
+}
+
+void MGSLineNumberView::drawMarker(QPainter *painter, const QRectF &rect, const QColor &colour)
+{
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->fillPath(markerShape(rect), colour);
+    painter->restore();
+}
+
+void MGSLineNumberView::drawLineNumber(QPainter *painter, qsizetype row, const QRectF &rect,
+                                       const QColor &colour) const
+{
+    const QFontMetricsF metrics(font());
+    const QString number = QString::number(m_startingLineNumber + row);
+    const qreal baseline = rect.top() + m_textView->layoutManager()->style().baseline;
+    painter->setFont(font());
+    painter->setPen(colour);
+    painter->drawText(QPointF(width() - numberMargin - metrics.horizontalAdvance(number), baseline),
+                      number);
+}

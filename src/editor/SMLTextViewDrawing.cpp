@@ -1,0 +1,159 @@
+// What the text view shows beside the text, and how its lines wrap.
+#include "editor/colouring/SMLSyntaxColouring.h"
+#include "editor/SMLTextView.h"
+
+#include <cmath>
+#include <QScrollBar>
+
+using platform::TextRange;
+using platform::TextStorage;
+
+QFont SMLTextView::textFont() const
+{
+    return m_textFont;
+}
+
+void SMLTextView::setTextFont(const QFont &font)
+{
+    m_textFont = font;
+    layoutManager()->setFont(font);
+    updateTabInterval();
+}
+
+void SMLTextView::setTabWidth(int width)
+{
+    m_tabWidth = qMax(0, width);
+    updateTabInterval();
+}
+
+void SMLTextView::updateTabInterval()
+{
+    const qreal blank = layoutManager()->style().characterWidth;
+    layoutManager()->setTabInterval(blank * qMax(1, m_tabWidth));
+    if (layoutManager()->invisibleCharactersFont() != layoutManager()->style().font)
+        layoutManager()->setInvisibleCharactersFont(layoutManager()->style().font);
+    configurePageGuide();
+}
+
+void SMLTextView::configurePageGuide()
+{
+    const qreal blank = layoutManager()->style().characterWidth;
+    m_pageGuideX = std::floor(blank * (m_pageGuideColumn + 1)) - 1.5;
+    m_pageGuideColor = textColor();
+    m_pageGuideColor.setAlphaF(m_pageGuideColor.alphaF() * 0.25F);
+    if (m_lineWrapsAtPageGuide)
+        updateLineWrap();
+    viewport()->update();
+}
+
+void SMLTextView::updateLineWrap()
+{
+    const qreal room = viewport()->width() - 2 * textInset;
+    const qreal toGuide = m_pageGuideX + 0.5 - textInset;
+    const bool atGuide = m_lineWrap && m_lineWrapsAtPageGuide;
+    const qreal width = m_lineWrap ? qMax<qreal>(10, atGuide ? toGuide : room) : 0;
+    layoutManager()->setWrapWidth(width);
+    const bool needsScroller = !m_lineWrap || (atGuide && m_pageGuideX > viewport()->width());
+    setHorizontalScrollBarPolicy(needsScroller ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+}
+
+void SMLTextView::lineWrapDidChange()
+{
+    updateLineWrap();
+    m_syntaxColouring->invalidateAllColouring();
+    viewport()->update();
+}
+
+void SMLTextView::setLineWrap(bool wraps)
+{
+    m_lineWrap = wraps;
+    lineWrapDidChange();
+}
+
+void SMLTextView::setLineWrapsAtPageGuide(bool wraps)
+{
+    m_lineWrapsAtPageGuide = wraps;
+    lineWrapDidChange();
+}
+
+void SMLTextView::setPageGuideColumn(int column)
+{
+    m_pageGuideColumn = qMax(0, column);
+    configurePageGuide();
+    lineWrapDidChange();
+}
+
+void SMLTextView::setShowsPageGuide(bool shows)
+{
+    m_showsPageGuide = shows;
+    viewport()->update();
+}
+
+void SMLTextView::setHighlightsCurrentLine(bool highlights)
+{
+    m_highlightsCurrentLine = highlights;
+    updateCurrentLineRect();
+}
+
+void SMLTextView::setCurrentLineHighlightColour(const QColor &colour)
+{
+    m_currentLineHighlightColour = colour;
+    updateCurrentLineRect();
+    viewport()->update(m_currentLineRect.toAlignedRect());
+}
+
+QRectF SMLTextView::lineHighlightingRect()
+{
+    if (!m_highlightsCurrentLine)
+        return {};
+    const TextStorage &text = *textStorage();
+    const TextRange selection = selectedRange();
+    if (text.lineRange(selection) != text.lineRange({selection.location, 0}))
+        return {};
+    return rectOfLine(text.lineAt(selection.location));
+}
+
+void SMLTextView::updateCurrentLineRect()
+{
+    const QRectF rect = lineHighlightingRect();
+    if (rect == m_currentLineRect)
+        return;
+    viewport()->update(m_currentLineRect.toAlignedRect());
+    m_currentLineRect = rect;
+    viewport()->update(rect.toAlignedRect());
+}
+
+void SMLTextView::setSelections(const platform::TextSelections &selections)
+{
+    TextView::setSelections(selections);
+    updateCurrentLineRect();
+}
+
+void SMLTextView::viewWillDraw(const QRectF &dirty)
+{
+    TextView::viewWillDraw(dirty);
+    updateCurrentLineRect();
+}
+
+void SMLTextView::willDrawText(TextRange characters)
+{
+    TextView::willDrawText(characters);
+    if (m_syntaxColoured)
+        m_syntaxColouring->recolourRange(characters);
+}
+
+void SMLTextView::drawViewBackground(QPainter *painter, const QRectF &dirty)
+{
+    TextView::drawViewBackground(painter, dirty);
+    if (m_currentLineRect.intersects(dirty))
+        painter->fillRect(m_currentLineRect, m_currentLineHighlightColour);
+}
+
+void SMLTextView::drawOverText(QPainter *painter, const QRectF &dirty)
+{
+    TextView::drawOverText(painter, dirty);
+    const qreal x = std::floor(m_pageGuideX - scrollPosition().left);
+    const QRectF guide(x, 0, 1, viewport()->height());
+    if (m_showsPageGuide && guide.intersects(dirty))
+        painter->fillRect(guide, m_pageGuideColor);
+}
