@@ -14,6 +14,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 using namespace LSMDesignKeys;
 using LSMBundlePaths::withExtension;
@@ -72,6 +73,17 @@ bool writePicture(const LSMDesignTemplate &design, const QString &bundle, Error 
     if (error && !reason.isNull())
         *error = reason;
     return reason.isNull();
+}
+
+// Out of sight in one step first: a bundle that cannot be removed stays whole.
+bool removeWhole(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.isDir() || info.isSymLink())
+        return QFile::remove(path);
+    QTemporaryDir aside(info.path() + QStringLiteral("/.deleted-XXXXXX"));
+    const QString moved = aside.filePath(info.fileName());
+    return aside.isValid() && QDir().rename(path, moved) && QDir(moved).removeRecursively();
 }
 
 } // namespace
@@ -181,10 +193,7 @@ bool LSMDesignTemplateManager::deleteDesignTemplate(LSMDesignTemplate *design)
     if (!design->isCustomDesignTemplate())
         return false;
     const QString path = design->templatePath();
-    const bool removed = path.isNull() || (QFileInfo(path).isDir() && !QFileInfo(path).isSymLink()
-                                               ? QDir(path).removeRecursively()
-                                               : QFile::remove(path));
-    if (!removed)
+    if (!path.isNull() && !removeWhole(path))
         platform::log("could not remove all of %@", path);
     designTemplateGroupForType(customType)->removeDesign(design);
     return true;

@@ -154,6 +154,8 @@ QString LSMDesignTemplate::htmlSourceCode() const
 {
     if (!m_htmlBytes.isNull())
         m_html = platform::decodeText(std::exchange(m_htmlBytes, QByteArray())).text;
+    if (m_readHtml)
+        m_html = std::exchange(m_readHtml, nullptr)();
     return m_html;
 }
 
@@ -165,11 +167,19 @@ void LSMDesignTemplate::setHtmlSourceCode(const QString &html)
     Q_EMIT htmlSourceCodeDidChange();
 }
 
+void LSMDesignTemplate::setHtmlSourceCodeFrom(std::function<QString()> read)
+{
+    m_htmlBytes = QByteArray();
+    m_readHtml = std::move(read);
+    Q_EMIT htmlSourceCodeDidChange();
+}
+
 bool LSMDesignTemplate::readHtmlSourceCode(platform::Error *outError)
 {
     PLATFORM_ASSERT(outError, "Invalid parameter not satisfying: %@", "outError");
     m_html = QStringLiteral("");
     m_htmlBytes = QByteArray();
+    m_readHtml = nullptr;
     const QString path = bodyPath();
     if (!path.isNull()) {
         if (const auto bytes = platform::readFile(path, outError))

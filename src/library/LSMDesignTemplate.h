@@ -3,6 +3,7 @@
 #include "platform/ObservableDictionary.h"
 #include "platform/PropertyList.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <QColor>
@@ -77,6 +78,10 @@ public:
     // What it says
     QString htmlSourceCode() const;
     void setHtmlSourceCode(const QString &html);
+
+    /// The HTML has changed; `read` gives it when it is next asked for, so that a long text is not
+    /// copied at every key.
+    void setHtmlSourceCodeFrom(std::function<QString()> read);
     bool templateShouldBeSaved() const { return m_shouldBeSaved; }
     void setTemplateShouldBeSaved(bool shouldBeSaved);
 
@@ -148,7 +153,8 @@ private:
     QString m_type;
     Version m_version;
     platform::PropertyList::Format m_infoFormat = platform::PropertyList::Format::Xml;
-    mutable QByteArray m_htmlBytes; // until m_html is asked for
+    mutable QByteArray m_htmlBytes; // these two until m_html is asked for
+    mutable std::function<QString()> m_readHtml;
     mutable QString m_html;
     bool m_shouldBeSaved = false;
     bool m_paid = false;

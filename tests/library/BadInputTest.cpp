@@ -235,19 +235,6 @@ TEST_F(BadInput, AWrongTypeUnderAnyKnownKeyCountsAsAbsentAndIsKept)
     }
 }
 
-TEST_F(BadInput, WrongTypesInsideTheStoreAreNamed)
-{
-    const QString path =
-        writeBundle(custom, u"A"_s,
-                    titled(u"A"_s, {{store, QVariantMap{{releaseDate, u"May"_s},
-                                                        {layoutNames, QVariantList{1}},
-                                                        {defaultLayoutName, 5}}}}),
-                    "x");
-    const LSMFindings findings = checked(path);
-    for (const auto &key : {releaseDate, layoutNames, defaultLayoutName})
-        EXPECT_TRUE(isFound(findings, path + u"/Info.plist"_s, key + u" must be"_s)) << key.data();
-}
-
 TEST_F(BadInput, AnEmptyTitleLoadsAndIsNamed)
 {
     for (const auto format : {PropertyList::Format::Xml, PropertyList::Format::Binary}) {

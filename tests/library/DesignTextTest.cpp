@@ -37,64 +37,6 @@ QStringList matchedUrls(const QString &text)
     return urls;
 }
 
-// Reads like the rules for layouts, character by character.
-class NaiveScan
-{
-public:
-    explicit NaiveScan(const QString &text) : m_text(text) {}
-
-    bool toMarker()
-    {
-        while (m_at < m_text.size() && m_text[m_at].isSpace())
-            ++m_at;
-        const qsizetype before = m_at;
-        while (m_at < m_text.size() && !isMarker())
-            ++m_at;
-        return m_at > before && m_at < m_text.size();
-    }
-
-    QString takeUntil(const std::function<bool(QStringView)> &isEnd)
-    {
-        const qsizetype before = m_at;
-        while (m_at < m_text.size() && !isEnd(QStringView(m_text).mid(m_at)))
-            ++m_at;
-        return m_text.mid(before, m_at - before).mid(16);
-    }
-
-private:
-    bool isMarker() const
-    {
-        return m_text.mid(m_at, 16).compare(u"LBLayoutEnabled_", Qt::CaseInsensitive) == 0;
-    }
-
-    QString m_text;
-    qsizetype m_at = 0;
-};
-
-QStringList naiveLayoutNames(const QString &text)
-{
-    QStringList names;
-    for (NaiveScan scan(text); scan.toMarker();) {
-        const QString name =
-            scan.takeUntil([](QStringView rest) { return rest[0] == u' ' || rest[0] == u']'; })
-                .replace(u'_', u' ');
-        if (!names.contains(name))
-            names.append(name);
-    }
-    return names;
-}
-
-QString naiveDefaultLayoutName(const QString &text)
-{
-    static const QString suffix = u" or LBLayoutNotDefined"_s;
-    for (NaiveScan scan(text); scan.toMarker();) {
-        const QString rest = scan.takeUntil([](QStringView r) { return r.startsWith(u"]]"); });
-        if (rest.endsWith(suffix))
-            return rest.chopped(suffix.size()).replace(u'_', u' ');
-    }
-    return {};
-}
-
 QString randomText(std::mt19937 &random, const QStringList &words, int count)
 {
     QString text;
@@ -152,33 +94,6 @@ TEST(DesignText, LayoutNames)
         EXPECT_EQ(LSMDesignLayouts::layoutNames(text), names) << fault;
         EXPECT_EQ(LSMDesignLayouts::defaultLayoutName(text), byDefault) << fault;
         EXPECT_EQ(LSMDesignLayouts::defaultLayoutName(text).isNull(), byDefault.isNull()) << fault;
-    }
-}
-
-TEST(DesignText, LayoutNamesAgreeWithANaiveReader)
-{
-    const QStringList words = {u"LBLayoutEnabled_"_s,
-                               u"lblayoutenabled_"_s,
-                               u"LBLayoutEnable"_s,
-                               u"]]"_s,
-                               u"]"_s,
-                               u"[["_s,
-                               u" "_s,
-                               u"\n"_s,
-                               u"\u3000"_s,
-                               u"_"_s,
-                               u"A"_s,
-                               u"Bc"_s,
-                               u"é"_s,
-                               u" or LBLayoutNotDefined"_s,
-                               u" or LBLayoutNotDefined]]"_s};
-    std::mt19937 random(11);
-    for (int round = 0; round < 20'000; ++round) {
-        const QString text = randomText(random, words, int(random() % 14));
-        ASSERT_EQ(LSMDesignLayouts::layoutNames(text), naiveLayoutNames(text))
-            << text.toStdString();
-        ASSERT_EQ(LSMDesignLayouts::defaultLayoutName(text), naiveDefaultLayoutName(text))
-            << text.toStdString();
     }
 }
 

@@ -73,29 +73,6 @@ TEST_F(Loading, NoFoldersNoDesigns)
     }
 }
 
-TEST_F(Loading, ThePngComesBeforeTheJpg)
-{
-    const QString path = writeBundle(custom, u"A"_s, titled(u"A"_s), "");
-    const auto color = [] {
-        const LSMDesignTemplateManager manager;
-        return designNamed(manager, u"A"_s)->templateImage().pixelColor(4, 4);
-    };
-    writePicture(path + u'/' + jpegThumbnail, Qt::blue);
-    EXPECT_GT(color().blue(), 200);
-    writePicture(path + u'/' + pngThumbnail, Qt::green);
-    EXPECT_EQ(color(), QColor(Qt::green));
-}
-
-TEST_F(Loading, PaidIsWhatHasAStore)
-{
-    writeBundle(custom, u"P"_s, titled(u"P"_s, {{store, QVariantMap()}}), "");
-    writeBundle(custom, u"F"_s, titled(u"F"_s), "");
-    const LSMDesignTemplateManager manager;
-    EXPECT_TRUE(designNamed(manager, u"P"_s)->isPaidTemplate());
-    EXPECT_EQ(designNamed(manager, u"P"_s)->outlineViewTextColor(), QColor(177, 0, 0));
-    EXPECT_FALSE(designNamed(manager, u"F"_s)->isPaidTemplate());
-}
-
 TEST_F(Loading, MarkingPaidKeepsWhatTheStoreHolds)
 {
     LSMDesignTemplateManager manager;
@@ -217,19 +194,6 @@ TEST_F(Loading, KeywordsOfAllDesignsSortedEachOnce)
     writeBundle(builtin, u"C"_s, titled(u"C"_s, {{keywords, u"no list"_s}}), "");
     EXPECT_EQ(LSMDesignTemplateManager().keywords(),
               QStringList({u"Art"_s, u"art"_s, u"shop"_s, u"Zoo"_s}));
-}
-
-TEST_F(Loading, TheWalkStopsWhenTold)
-{
-    for (const QString &title : {u"1"_s, u"2"_s, u"3"_s})
-        writeBundle(custom, title, titled(title), "");
-    QStringList seen;
-    LSMDesignTemplateManager().enumerateDesignsUsingBlock(
-        [&](const LSMDesignTemplate *design, bool &stop) {
-            seen.append(design->templateName());
-            stop = seen.size() == 2;
-        });
-    EXPECT_EQ(seen, QStringList({u"1"_s, u"2"_s}));
 }
 
 TEST_F(Loading, TheDateOfTheDefaultLayoutsSampleIsTold)

@@ -40,17 +40,6 @@ TEST(LotbookConfig, DefaultIsTheNewestContainerElseTheOldestVersion)
     }
 }
 
-TEST(LotbookConfig, AFileIsNoContainer)
-{
-    const support::TemporaryHome home;
-    makeContainer(home, QStringLiteral("lotbook8"));
-    support::writeFile(home.path(QStringLiteral("Library/Containers/com.quillbyte.lotbook9/Data")),
-                       "x");
-    LSMLotbookConfig::registerDefaults();
-    EXPECT_EQ(LSMLotbookConfig::lotbookApplicationIdentifier(),
-              QStringLiteral("com.quillbyte.lotbook8"));
-}
-
 TEST(LotbookConfig, TheUsersChoiceOutranksWhatIsInstalled)
 {
     const support::TemporaryHome home;

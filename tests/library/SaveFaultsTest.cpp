@@ -162,3 +162,23 @@ TEST_F(SaveFaults, ADeathAnywhereLosesNoDesign)
         EXPECT_GE(deaths, 12) << "two or three files: open, write, sync, rename, sync of each";
     }
 }
+
+TEST_F(SaveFaults, ADeleteThatFailsAnywhereLeavesTheBundleWholeOrGone)
+{
+    for (int nth = 1, count = 1; nth <= count; ++nth) {
+        const QString folder = makeFolder(Start::Bundle, nth);
+        const QString path = folder + u'/' + title + u".designTemplate"_s;
+        const auto whole = snapshot(path);
+        LSMDesignTemplateManager manager;
+        LSMDesignTemplate *design = designNamed(manager, title);
+        IoFaults faults(folder);
+        faults.failAt(nth, EACCES, IoFaults::Reach::Onward);
+        EXPECT_TRUE(manager.deleteDesignTemplate(design));
+        count = faults.count();
+        if (QFileInfo::exists(path)) {
+            EXPECT_EQ(snapshot(path), whole) << nth;
+        }
+        EXPECT_EQ(titles(LSMDesignTemplateManager()).contains(title), QFileInfo::exists(path))
+            << nth;
+    }
+}

@@ -90,7 +90,6 @@ TEST_F(Saving, NoTitleLeavesTheFolder)
         {u"Case"_s, u"Case"_s},
         {u"case"_s, u"case"_s},
     };
-    const QStringList outside = QDir(custom + u"/.."_s).entryList(QDir::NoDotAndDotDot);
     for (const auto &[title, folder] : cases) {
         const DesignPointer design = newDesign(manager, title, title);
         save(design.get());
@@ -198,18 +197,6 @@ TEST_F(Saving, AnUnreadablePictureIsLeftAlone)
     ASSERT_TRUE(loaded.saveDesignTemplate(designNamed(loaded, u"A"_s)));
     EXPECT_EQ(support::readFile(path + u'/' + pngThumbnail), "no picture");
     EXPECT_FALSE(QFile::exists(path + u'/' + jpegThumbnail));
-}
-
-TEST_F(Saving, ThePaidMarkDecidesAboutTheStore)
-{
-    const DesignPointer design = newDesign(manager, u"A"_s, u"x"_s);
-    design->setPaidTemplate(true);
-    save(design.get());
-    EXPECT_TRUE(infoOf(bundle(u"A"_s)).value(store).toMap().contains(releaseDate));
-    design->setPaidTemplate(false);
-    save(design.get());
-    EXPECT_FALSE(infoOf(bundle(u"A"_s)).contains(store));
-    EXPECT_FALSE(design->templateDictionary()->contains(store));
 }
 
 TEST_F(Saving, APaidDesignsFolderIsLabelled)
@@ -338,14 +325,4 @@ TEST_F(Saving, DeletingRemovesTheBundleAndNothingElse)
               QStringList(u"B.designTemplate"_s));
     EXPECT_EQ(bodyOf(linked), "x") << "a link goes, not what it leads to";
     EXPECT_TRUE(QFile::exists(builtin + u"/C.designTemplate/Info.plist"_s));
-}
-
-TEST_F(Saving, UnsavedMeansACustomDesign)
-{
-    writeBundle(builtin, u"C"_s, titled(u"C"_s), "x");
-    LSMDesignTemplateManager loaded;
-    designNamed(loaded, u"C"_s)->setTemplateShouldBeSaved(true);
-    EXPECT_FALSE(loaded.hasUnsavedDesigns());
-    newDesign(loaded, u"New"_s, {});
-    EXPECT_TRUE(loaded.hasUnsavedDesigns());
 }
