@@ -106,27 +106,6 @@ TEST(Alert, SurvivesTheEndOfItsWindow)
     EXPECT_NE(ZQRunAlertPanel("Title", "Text", "Delete", "Cancel"), 1000);
 }
 
-TEST(Alert, FunctionsOfTheFamilyDifferInStyleButtonsAndText)
-{
-    support::AlertAnswers answers;
-    QWidget view;
-    ZQRunAlertPanel("T", "%@ has %d issues", "A", "B", {}, "Rose", 3);
-    ZQRunInformationalAlertPanel("T", "", "A");
-    ZQRunCriticalAlertPanelWithAccessoryView("T", "x", "A", {}, "C", &view);
-    ZQRunAlertPanelWithButtonsAndStyleAndAccessoryView("T", "x", {"A", "B", "C", "D"},
-                                                       ZQAlertStyle::Critical, &view);
-    ASSERT_EQ(answers.shown.size(), 4);
-    EXPECT_EQ(answers.shown[0].informativeText, "Rose has 3 issues");
-    EXPECT_EQ(answers.shown[0].buttonTitles, QStringList({"A", "B"}));
-    EXPECT_EQ(answers.shown[0].alertStyle, ZQAlertStyle::Warning);
-    EXPECT_EQ(answers.shown[1].alertStyle, ZQAlertStyle::Informational);
-    EXPECT_EQ(answers.shown[1].informativeText, "");
-    EXPECT_EQ(answers.shown[2].buttonTitles, QStringList({"A", "C"}));
-    EXPECT_EQ(answers.shown[2].accessoryView, &view);
-    EXPECT_EQ(answers.shown[3].alertStyle, ZQAlertStyle::Warning);
-    EXPECT_EQ(answers.shown[3].accessoryView, nullptr);
-}
-
 TEST(Alert, SuppressionHoldsUntilItIsReenabled)
 {
     const support::TemporaryHome home;
@@ -149,27 +128,6 @@ TEST(Alert, SuppressionHoldsUntilItIsReenabled)
     ZQCustomizableAlert::reenableAllSuppressedAlerts();
     EXPECT_EQ(run(&wasSuppressed), 1001);
     EXPECT_TRUE(defaults.isStored("other"));
-}
-
-TEST(Alert, RefusesWhatCannotBe)
-{
-    QWidget view;
-    const auto textOf = [](const std::function<void()> &fault) {
-        try {
-            fault();
-        } catch (const platform::AssertionFailure &failure) {
-            return failure.text();
-        }
-        return QString();
-    };
-    EXPECT_EQ(textOf([] { ZQCustomizableAlertPreferencesKeyForKey(""); }), "0 < [inKey length]");
-    EXPECT_EQ(textOf([] { ZQRunAlertPanelWithSuppressionPreferencesKey("", "", "", {}, {}, ""); }),
-              "0 < [inPreferencesKey length]");
-    EXPECT_EQ(textOf([&] {
-                  ZQCustomizableAlert::alertWithMessageText("", QStringList(), {},
-                                                            ZQAlertStyle::Warning, &view, "key");
-              }),
-              "(nil == inView) || (nil == inPreferencesKey)");
 }
 
 } // namespace

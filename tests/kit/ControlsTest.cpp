@@ -80,25 +80,4 @@ TEST(TintedIcon, FollowsThePalette)
     QApplication::setPalette(before);
 }
 
-TEST(ViewExtensions, FillsAndSearches)
-{
-    QWidget view;
-    auto *first = new QWidget(&view);
-    auto *field = new QLineEdit(first);
-    auto *button = new QPushButton(&view);
-    EXPECT_EQ(zq::firstSubviewThatIsKindOfClass<QAbstractButton>(&view), button);
-    EXPECT_EQ(zq::firstSubviewOfClass<QAbstractButton>(&view), nullptr);
-    EXPECT_EQ(zq::firstSubviewOfClass<QPushButton>(&view), button);
-    EXPECT_EQ(zq::enclosingViewOfClass<QWidget>(field), first);
-    EXPECT_EQ(zq::allSubviewsDeep(&view), QList<QWidget *>({first, field, button}));
-
-    auto *filling = new QLabel;
-    zq::fillWithSubview(&view, new QLabel);
-    zq::fillWithSubview(&view, filling, QMargins(5, 6, 7, 8));
-    view.resize(300, 200);
-    view.show();
-    EXPECT_EQ(filling->geometry(), QRect(5, 6, 288, 186));
-    EXPECT_FALSE(button->isVisible());
-}
-
 } // namespace

@@ -45,27 +45,4 @@ TEST(ImageExtensions, WritesFilesOrLeavesThemAlone)
     EXPECT_FALSE(zq::writeAsPNGToPath(image, home.path("none/b.png"), &error));
 }
 
-TEST(BundleExtensions, NamesVersionsAndFolders)
-{
-    const support::TemporaryHome home;
-    const platform::Bundle &bundle = platform::Bundle::mainBundle();
-    EXPECT_EQ(zq::versionInfo(bundle),
-              zq::versionString(bundle) + " (" + zq::bundleVersion(bundle) + ")");
-    EXPECT_EQ(zq::bundleName(bundle), "Layoutsmith");
-    EXPECT_EQ(zq::applicationCachesDirectory(bundle), home.path(".cache/Layoutsmith"));
-
-    const QString folder = home.path(".local/share/Layoutsmith");
-    EXPECT_EQ(zq::applicationSupportFolder(bundle), folder);
-    EXPECT_FALSE(QDir(folder).exists());
-    EXPECT_EQ(zq::existingApplicationSupportFolder(bundle), folder);
-    EXPECT_TRUE(QDir(folder).exists());
-
-    QDir().rmdir(folder);
-    support::writeFile(folder, "in the way");
-    const support::LogCapture log;
-    EXPECT_EQ(zq::existingApplicationSupportFolder(bundle), folder);
-    EXPECT_TRUE(
-        log.contains("Cannot create data directory because plain file exists at path " + folder));
-}
-
 } // namespace

@@ -1,5 +1,7 @@
 #include "kit/ui/FirstResponder.h"
 
+#include "platform/text/view/TextView.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
@@ -34,6 +36,10 @@ Abilities abilities()
     if (const auto *field = qobject_cast<const QLineEdit *>(focus))
         return {field->isUndoAvailable(), field->isRedoAvailable(), field->hasSelectedText(),
                 !field->isReadOnly(), true};
+    if (const auto *view = qobject_cast<const platform::TextView *>(focus))
+        return {view->isEditable() && view->undoHistory().canUndo(),
+                view->isEditable() && view->undoHistory().canRedo(), !view->selections().isEmpty(),
+                view->isEditable(), true};
     if (const auto *view = qobject_cast<const QPlainTextEdit *>(focus))
         return abilitiesOfTextView(*view);
     if (const auto *view = qobject_cast<const QTextEdit *>(focus))
