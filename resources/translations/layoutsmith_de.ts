@@ -4,14 +4,6 @@
 <context>
     <name>LSMDesignEditorViewController</name>
     <message>
-        <source>Location of the design</source>
-        <translation>Ort des Designs</translation>
-    </message>
-    <message>
-        <source>New Design</source>
-        <translation>Neues Design</translation>
-    </message>
-    <message>
         <source>&amp;Identifier:</source>
         <translation>&amp;Kennung:</translation>
     </message>
@@ -44,8 +36,16 @@
         <translation>Layouts:</translation>
     </message>
     <message>
+        <source>Location of the design</source>
+        <translation>Ort des Designs</translation>
+    </message>
+    <message>
         <source>Location:</source>
         <translation>Ort:</translation>
+    </message>
+    <message>
+        <source>New Design</source>
+        <translation>Neues Design</translation>
     </message>
     <message>
         <source>Open in Browser</source>
@@ -123,12 +123,12 @@
         <translation>&amp;Vollbild</translation>
     </message>
     <message>
-        <source>&amp;HTML</source>
-        <translation>&amp;HTML</translation>
-    </message>
-    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;HTML</source>
+        <translation>&amp;HTML</translation>
     </message>
     <message>
         <source>&amp;Light</source>
@@ -248,34 +248,85 @@
     </message>
 </context>
 <context>
+    <name>FindBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Close (Esc)</source>
+        <translation>Schließen (Esc)</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Find and replace</source>
+        <translation>Suchen und Ersetzen</translation>
+    </message>
+    <message>
+        <source>Find the next match (F3)</source>
+        <translation>Nächsten Treffer suchen (F3)</translation>
+    </message>
+    <message>
+        <source>Find the previous match (Shift+F3)</source>
+        <translation>Vorigen Treffer suchen (Umschalt+F3)</translation>
+    </message>
+    <message>
+        <source>Match upper and lower case</source>
+        <translation>Groß- und Kleinschreibung beachten</translation>
+    </message>
+    <message>
+        <source>Match whole words</source>
+        <translation>Nur ganze Wörter</translation>
+    </message>
+    <message>
+        <source>Next match</source>
+        <translation>Nächster Treffer</translation>
+    </message>
+    <message>
+        <source>Previous match</source>
+        <translation>Voriger Treffer</translation>
+    </message>
+    <message>
+        <source>Regular expression</source>
+        <translation>Regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace All</source>
+        <translation>Alle ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>Ersetzen durch</translation>
+    </message>
+</context>
+<context>
     <name>Localizable</name>
     <message>
-        <source>This is not a design.</source>
-        <translation>Dies ist kein Design.</translation>
-    </message>
-    <message>
-        <source>The folder cannot be read.</source>
-        <translation>Der Ordner kann nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>There are no designs yet. Make the first one, or install Lotbook to find its built-in designs here.</source>
-        <translation>Es gibt noch keine Designs. Lege das erste an, oder installiere Lotbook, um dessen mitgelieferte Designs hier zu finden.</translation>
-    </message>
-    <message>
-        <source>No design is selected.</source>
-        <translation>Kein Design ist ausgewählt.</translation>
+        <source>%@ (At character %d.)</source>
+        <translation>%@ (Bei Zeichen %d.)</translation>
     </message>
     <message>
         <source>%@ (edited)</source>
         <translation>%@ (bearbeitet)</translation>
     </message>
     <message>
-        <source>%@ stands beside it: its conversion was cut short, or these are two designs. The old file still loads.</source>
-        <translation>%@ steht daneben: Seine Umwandlung wurde unterbrochen, oder dies sind zwei Designs. Die alte Datei wird weiterhin geladen.</translation>
+        <source>%@ cannot be coloured: %@</source>
+        <translation>%@ lässt sich nicht einfärben: %@</translation>
     </message>
     <message>
         <source>%@ must be %@.</source>
         <translation>%@ muss %@ sein.</translation>
+    </message>
+    <message>
+        <source>%@ stands beside it: its conversion was cut short, or these are two designs. The old file still loads.</source>
+        <translation>%@ steht daneben: Seine Umwandlung wurde unterbrochen, oder dies sind zwei Designs. Die alte Datei wird weiterhin geladen.</translation>
     </message>
     <message>
         <source>%ld bytes</source>
@@ -286,6 +337,18 @@
         <translation>%ld Designs</translation>
     </message>
     <message>
+        <source>%ld found</source>
+        <translation>%ld gefunden</translation>
+    </message>
+    <message>
+        <source>%ld of %ld</source>
+        <translation>%ld von %ld</translation>
+    </message>
+    <message>
+        <source>%ld replaced</source>
+        <translation>%ld ersetzt</translation>
+    </message>
+    <message>
         <source>&amp;Show:</source>
         <translation>&amp;Zeigen:</translation>
     </message>
@@ -294,8 +357,40 @@
         <translation>1 Design</translation>
     </message>
     <message>
+        <source>A backslash stands before something that has no meaning with it.</source>
+        <translation>Ein Backslash steht vor etwas, das mit ihm keine Bedeutung hat.</translation>
+    </message>
+    <message>
+        <source>A closing bracket is missing.</source>
+        <translation>Eine schließende eckige Klammer fehlt.</translation>
+    </message>
+    <message>
+        <source>a date</source>
+        <translation>ein Datum</translation>
+    </message>
+    <message>
         <source>A design must be a folder, and this is none.</source>
         <translation>Ein Design muss ein Ordner sein; dies ist keiner.</translation>
+    </message>
+    <message>
+        <source>a dictionary</source>
+        <translation>ein Wörterbuch</translation>
+    </message>
+    <message>
+        <source>A parenthesis is missing or stands alone.</source>
+        <translation>Eine Klammer fehlt oder steht allein.</translation>
+    </message>
+    <message>
+        <source>A range of characters ends before it begins.</source>
+        <translation>Ein Zeichenbereich endet, bevor er beginnt.</translation>
+    </message>
+    <message>
+        <source>A save that was cut short has left this file; nothing uses it.</source>
+        <translation>Ein abgebrochenes Sichern hat diese Datei hinterlassen; nichts verwendet sie.</translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation>eine Zeichenkette</translation>
     </message>
     <message>
         <source>A template with the same identifier exists
@@ -326,6 +421,18 @@
         <translation>Hinzufügen</translation>
     </message>
     <message>
+        <source>an array of dictionaries</source>
+        <translation>eine Liste von Wörterbüchern</translation>
+    </message>
+    <message>
+        <source>an array of strings</source>
+        <translation>eine Liste von Zeichenketten</translation>
+    </message>
+    <message>
+        <source>An old design must be a file, and this is none.</source>
+        <translation>Ein altes Design muss eine Datei sein; dies ist keine.</translation>
+    </message>
+    <message>
         <source>Are you sure you want to save the Template '%@'? The following issues were found:
 
 </source>
@@ -346,16 +453,56 @@
         <translation>Mitgelieferte Designs sind schreibgeschützt. Zum Ändern dieses Design duplizieren.</translation>
     </message>
     <message>
-        <source>CFBundleName is missing; the folder's name stands in.</source>
-        <translation>CFBundleName fehlt; der Name des Ordners tritt an seine Stelle.</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
     <message>
+        <source>Capitalize</source>
+        <translation>Großer Anfangsbuchstabe</translation>
+    </message>
+    <message>
+        <source>CFBundleName is missing; the folder's name stands in.</source>
+        <translation>CFBundleName fehlt; der Name des Ordners tritt an seine Stelle.</translation>
+    </message>
+    <message>
         <source>Choose a Picture</source>
         <translation>Bild wählen</translation>
+    </message>
+    <message>
+        <source>Close Tag</source>
+        <translation>Tag schließen</translation>
+    </message>
+    <message>
+        <source>Comment or Uncomment</source>
+        <translation>Kommentar ein oder aus</translation>
+    </message>
+    <message>
+        <source>Completions</source>
+        <translation>Vervollständigungen</translation>
+    </message>
+    <message>
+        <source>Convert</source>
+        <translation>Umwandeln</translation>
+    </message>
+    <message>
+        <source>Convert Spaces to Tabs</source>
+        <translation>Leerzeichen in Tabs umwandeln</translation>
+    </message>
+    <message>
+        <source>Convert Spaces to Tabs…</source>
+        <translation>Leerzeichen in Tabs umwandeln …</translation>
+    </message>
+    <message>
+        <source>Convert Tabs to Spaces</source>
+        <translation>Tabs in Leerzeichen umwandeln</translation>
+    </message>
+    <message>
+        <source>Convert Tabs to Spaces…</source>
+        <translation>Tabs in Leerzeichen umwandeln …</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
     </message>
     <message>
         <source>Create a new design.</source>
@@ -372,6 +519,10 @@
     <message>
         <source>Customize Toolbar…</source>
         <translation>Symbolleiste anpassen …</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -418,12 +569,44 @@
         <translation>Dupliziert das ausgewählte Design.</translation>
     </message>
     <message>
+        <source>error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
         <source>Failed to save the selected design template.</source>
         <translation>Die ausgewählte Designvorlage konnte nicht gesichert werden.</translation>
     </message>
     <message>
+        <source>Find Next</source>
+        <translation>Weitersuchen</translation>
+    </message>
+    <message>
+        <source>Find Previous</source>
+        <translation>Rückwärts weitersuchen</translation>
+    </message>
+    <message>
+        <source>Find…</source>
+        <translation>Suchen …</translation>
+    </message>
+    <message>
         <source>Flexible Space</source>
         <translation>Flexibler Abstand</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>Los</translation>
+    </message>
+    <message>
+        <source>Go to Line</source>
+        <translation>Gehe zu Zeile</translation>
+    </message>
+    <message>
+        <source>Go to Line…</source>
+        <translation>Gehe zu Zeile …</translation>
+    </message>
+    <message>
+        <source>Hide Toolbar</source>
+        <translation>Symbolleiste ausblenden</translation>
     </message>
     <message>
         <source>HTML</source>
@@ -434,20 +617,28 @@
         <translation>HTML des Designs</translation>
     </message>
     <message>
-        <source>Hide Toolbar</source>
-        <translation>Symbolleiste ausblenden</translation>
+        <source>Icon and Text</source>
+        <translation>Symbol und Text</translation>
     </message>
     <message>
         <source>Icon Only</source>
         <translation>Nur Symbol</translation>
     </message>
     <message>
-        <source>Icon and Text</source>
-        <translation>Symbol und Text</translation>
-    </message>
-    <message>
         <source>Items in the toolbar</source>
         <translation>Elemente in der Symbolleiste</translation>
+    </message>
+    <message>
+        <source>Line number:</source>
+        <translation>Zeilennummer:</translation>
+    </message>
+    <message>
+        <source>Make Lowercase</source>
+        <translation>In Kleinbuchstaben</translation>
+    </message>
+    <message>
+        <source>Make Uppercase</source>
+        <translation>In Großbuchstaben</translation>
     </message>
     <message>
         <source>Move Left</source>
@@ -466,6 +657,10 @@
         <translation>Neue Vorlage</translation>
     </message>
     <message>
+        <source>No design is selected.</source>
+        <translation>Kein Design ist ausgewählt.</translation>
+    </message>
+    <message>
         <source>No picture</source>
         <translation>Kein Bild</translation>
     </message>
@@ -474,8 +669,24 @@
         <translation>Keine</translation>
     </message>
     <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>not saved</source>
+        <translation>nicht gesichert</translation>
+    </message>
+    <message>
         <source>Not saved yet</source>
         <translation>Noch nicht gesichert</translation>
+    </message>
+    <message>
+        <source>note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Number of spaces for a tab:</source>
+        <translation>Leerzeichen je Tab:</translation>
     </message>
     <message>
         <source>OK</source>
@@ -486,6 +697,22 @@
         <translation>Altes Design in einer Datei</translation>
     </message>
     <message>
+        <source>Only the first %ld matches are shown.</source>
+        <translation>Nur die ersten %ld Treffer werden gezeigt.</translation>
+    </message>
+    <message>
+        <source>Page %ld</source>
+        <translation>Seite %ld</translation>
+    </message>
+    <message>
+        <source>paid</source>
+        <translation>kostenpflichtig</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
         <source>Picture of the design</source>
         <translation>Bild des Designs</translation>
     </message>
@@ -494,8 +721,20 @@
         <translation>Bilder</translation>
     </message>
     <message>
+        <source>Prepare for XML</source>
+        <translation>Für XML aufbereiten</translation>
+    </message>
+    <message>
         <source>Previews generated: %@</source>
         <translation>Vorschauen erzeugt: %@</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>Printing “%@”…</source>
+        <translation>„%@“ wird gedruckt …</translation>
     </message>
     <message>
         <source>Properties</source>
@@ -506,8 +745,24 @@
         <translation>Beenden</translation>
     </message>
     <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Line Endings</source>
+        <translation>Zeilenenden entfernen</translation>
+    </message>
+    <message>
+        <source>Remove Needless Whitespace</source>
+        <translation>Überflüssigen Leerraum entfernen</translation>
+    </message>
+    <message>
+        <source>Replace…</source>
+        <translation>Ersetzen …</translation>
     </message>
     <message>
         <source>Restore &amp;Defaults</source>
@@ -550,16 +805,36 @@
         <translation>Sichern fehlgeschlagen</translation>
     </message>
     <message>
-        <source>Show Toolbar</source>
-        <translation>Symbolleiste einblenden</translation>
+        <source>Searching…</source>
+        <translation>Suche …</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Shift Left</source>
+        <translation>Nach links einrücken</translation>
+    </message>
+    <message>
+        <source>Shift Right</source>
+        <translation>Nach rechts einrücken</translation>
     </message>
     <message>
         <source>Show in LB</source>
         <translation>In LB zeigen</translation>
     </message>
     <message>
+        <source>Show Toolbar</source>
+        <translation>Symbolleiste einblenden</translation>
+    </message>
+    <message>
         <source>Some designs have not been saved. Should the Layoutsmith quit anyway?</source>
         <translation>Einige Designs sind noch nicht gesichert. Soll Layoutsmith trotzdem beendet werden?</translation>
+    </message>
+    <message>
+        <source>Something to repeat is missing, or a character needs a backslash before it.</source>
+        <translation>Es fehlt etwas, das wiederholt werden soll, oder ein Zeichen braucht einen Backslash davor.</translation>
     </message>
     <message>
         <source>Space</source>
@@ -578,6 +853,30 @@
         <translation>Nur Text</translation>
     </message>
     <message>
+        <source>The design does not load: %@</source>
+        <translation>Das Design wird nicht geladen: %@</translation>
+    </message>
+    <message>
+        <source>The expression cannot be read.</source>
+        <translation>Der Ausdruck ist nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>The expression has no group "%@".</source>
+        <translation>Der Ausdruck hat keine Gruppe „%@“.</translation>
+    </message>
+    <message>
+        <source>The expression takes too long on this text.</source>
+        <translation>Der Ausdruck braucht für diesen Text zu lange.</translation>
+    </message>
+    <message>
+        <source>The file is missing; the design has no HTML.</source>
+        <translation>Die Datei fehlt; das Design hat kein HTML.</translation>
+    </message>
+    <message>
+        <source>The folder cannot be read.</source>
+        <translation>Der Ordner kann nicht gelesen werden.</translation>
+    </message>
+    <message>
         <source>The HTML cannot be read and counts as empty: %@</source>
         <translation>Das HTML kann nicht gelesen werden und gilt als leer: %@</translation>
     </message>
@@ -586,24 +885,36 @@
         <translation>Layoutsmith</translation>
     </message>
     <message>
-        <source>The design does not load: %@</source>
-        <translation>Das Design wird nicht geladen: %@</translation>
-    </message>
-    <message>
-        <source>An old design must be a file, and this is none.</source>
-        <translation>Ein altes Design muss eine Datei sein; dies ist keine.</translation>
-    </message>
-    <message>
         <source>The link leads nowhere; the design has no HTML.</source>
         <translation>Die Verknüpfung führt ins Leere; das Design hat kein HTML.</translation>
     </message>
     <message>
-        <source>The file is missing; the design has no HTML.</source>
-        <translation>Die Datei fehlt; das Design hat kein HTML.</translation>
+        <source>The design could not be removed from the disk, and comes back at the next start:
+
+%@</source>
+        <translation>Das Design konnte nicht von der Festplatte entfernt werden und ist beim nächsten Start wieder da:
+
+%@</translation>
+    </message>
+    <message>
+        <source>The name is not UTF-8. Rename it, and the design loads.</source>
+        <translation>Der Name ist kein UTF-8. Benennen Sie ihn um, dann wird das Design geladen.</translation>
+    </message>
+    <message>
+        <source>The numbers in braces cannot be read.</source>
+        <translation>Die Zahlen in den geschweiften Klammern sind nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>The numbers in braces stand in the wrong order.</source>
+        <translation>Die Zahlen in den geschweiften Klammern stehen in falscher Reihenfolge.</translation>
     </message>
     <message>
         <source>The preview needs the module "layoutsmith_web", which is not installed.</source>
         <translation>Die Vorschau braucht das Modul „layoutsmith_web“, das nicht installiert ist.</translation>
+    </message>
+    <message>
+        <source>The printer could not be used.</source>
+        <translation>Der Drucker ließ sich nicht verwenden.</translation>
     </message>
     <message>
         <source>The template identifier must not be empty</source>
@@ -620,6 +931,10 @@
         <translation>Der Text wird als %@ gelesen; Sichern schreibt UTF-8.</translation>
     </message>
     <message>
+        <source>The text there does not match any more.</source>
+        <translation>Der Text dort passt nicht mehr.</translation>
+    </message>
+    <message>
         <source>The title cannot be the name of a visible folder; a new design with it is saved as "%@".</source>
         <translation>Der Titel kann nicht der Name eines sichtbaren Ordners sein; ein neues Design mit ihm wird als „%@“ gesichert.</translation>
     </message>
@@ -628,24 +943,40 @@
         <translation>Der Titel ist leer.</translation>
     </message>
     <message>
+        <source>There are no designs yet. Make the first one, or install Lotbook to find its built-in designs here.</source>
+        <translation>Es gibt noch keine Designs. Lege das erste an, oder installiere Lotbook, um dessen mitgelieferte Designs hier zu finden.</translation>
+    </message>
+    <message>
         <source>There are no samples of this design's layouts.</source>
         <translation>Für die Layouts dieses Designs gibt es keine Beispiele.</translation>
+    </message>
+    <message>
+        <source>there is no design "%@"</source>
+        <translation>es gibt kein Design „%@“</translation>
+    </message>
+    <message>
+        <source>there is no language "%@"</source>
+        <translation>eine Sprache „%@“ gibt es nicht</translation>
     </message>
     <message>
         <source>There is nothing at this path.</source>
         <translation>Unter diesem Pfad ist nichts.</translation>
     </message>
     <message>
+        <source>There is nothing to look for.</source>
+        <translation>Es ist nichts angegeben, wonach gesucht werden soll.</translation>
+    </message>
+    <message>
         <source>This HTML has line ends or characters that this editor would change. It is shown read-only, so that nothing is lost.</source>
         <translation>Dieses HTML enthält Zeilenenden oder Zeichen, die dieser Editor ändern würde. Es wird nur angezeigt, damit nichts verloren geht.</translation>
     </message>
     <message>
-        <source>A save that was cut short has left this file; nothing uses it.</source>
-        <translation>Ein abgebrochenes Sichern hat diese Datei hinterlassen; nichts verwendet sie.</translation>
+        <source>This is not a design.</source>
+        <translation>Dies ist kein Design.</translation>
     </message>
     <message>
-        <source>The name is not UTF-8. Rename it, and the design loads.</source>
-        <translation>Der Name ist kein UTF-8. Benennen Sie ihn um, dann wird das Design geladen.</translation>
+        <source>this is not a dictionary.</source>
+        <translation>dies ist kein Wörterbuch.</translation>
     </message>
     <message>
         <source>This is not a picture that can be read.</source>
@@ -660,64 +991,16 @@
         <translation>Symbolleiste:</translation>
     </message>
     <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
         <source>Unsaved Changes</source>
         <translation>Ungesicherte Änderungen</translation>
     </message>
     <message>
-        <source>Version %@
-
-A workbench for listing designs.</source>
-        <translation>Version %@
-
-Eine Werkbank für Angebotsdesigns.</translation>
-    </message>
-    <message>
-        <source>Will display this template in Lotbook.</source>
-        <translation>Zeigt diese Vorlage in Lotbook.</translation>
-    </message>
-    <message>
-        <source>a date</source>
-        <translation>ein Datum</translation>
-    </message>
-    <message>
-        <source>a dictionary</source>
-        <translation>ein Wörterbuch</translation>
-    </message>
-    <message>
-        <source>a string</source>
-        <translation>eine Zeichenkette</translation>
-    </message>
-    <message>
-        <source>an array of dictionaries</source>
-        <translation>eine Liste von Wörterbüchern</translation>
-    </message>
-    <message>
-        <source>an array of strings</source>
-        <translation>eine Liste von Zeichenketten</translation>
-    </message>
-    <message>
-        <source>error</source>
-        <translation>Fehler</translation>
-    </message>
-    <message>
-        <source>not saved</source>
-        <translation>nicht gesichert</translation>
-    </message>
-    <message>
-        <source>note</source>
-        <translation>Hinweis</translation>
-    </message>
-    <message>
-        <source>paid</source>
-        <translation>kostenpflichtig</translation>
-    </message>
-    <message>
-        <source>there is no design "%@"</source>
-        <translation>es gibt kein Design „%@“</translation>
-    </message>
-    <message>
-        <source>this is not a dictionary.</source>
-        <translation>dies ist kein Wörterbuch.</translation>
+        <source>usage: layoutsmith colour FILE [--language NAME] [--json|--html]</source>
+        <translation>Aufruf: layoutsmith colour DATEI [--language NAME] [--json|--html]</translation>
     </message>
     <message>
         <source>usage: layoutsmith list [--json]</source>
@@ -728,8 +1011,95 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Aufruf: layoutsmith show NAME</translation>
     </message>
     <message>
+        <source>Version %@
+
+A workbench for listing designs.</source>
+        <translation>Version %@
+
+Eine Werkbank für Angebotsdesigns.</translation>
+    </message>
+    <message>
         <source>warning</source>
         <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>What is looked for behind has no greatest length.</source>
+        <translation>Was davor stehen soll, hat keine größte Länge.</translation>
+    </message>
+    <message>
+        <source>Will display this template in Lotbook.</source>
+        <translation>Zeigt diese Vorlage in Lotbook.</translation>
+    </message>
+</context>
+<context>
+    <name>Placeholder</name>
+    <message>
+        <source>Condition</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Item Number</source>
+        <translation>Artikelnummer</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Artikelstandort</translation>
+    </message>
+    <message>
+        <source>Part for One Layout</source>
+        <translation>Teil für ein Layout</translation>
+    </message>
+    <message>
+        <source>Payment</source>
+        <translation>Zahlung</translation>
+    </message>
+    <message>
+        <source>Picture 1</source>
+        <translation>Bild 1</translation>
+    </message>
+    <message>
+        <source>Picture 2</source>
+        <translation>Bild 2</translation>
+    </message>
+    <message>
+        <source>Picture 3</source>
+        <translation>Bild 3</translation>
+    </message>
+    <message>
+        <source>Picture 4</source>
+        <translation>Bild 4</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>Preis</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Menge</translation>
+    </message>
+    <message>
+        <source>Returns</source>
+        <translation>Rücknahme</translation>
+    </message>
+    <message>
+        <source>Seller&apos;s Name</source>
+        <translation>Name des Verkäufers</translation>
+    </message>
+    <message>
+        <source>Shipping</source>
+        <translation>Versand</translation>
+    </message>
+    <message>
+        <source>Subtitle</source>
+        <translation>Untertitel</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
     </message>
 </context>
 </TS>

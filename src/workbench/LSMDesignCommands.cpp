@@ -192,10 +192,16 @@ void LSMMainWindowController::deleteAction(QObject *)
 void LSMMainWindowController::deleteTemplate()
 {
     if (LSMDesignTemplate *design = selectedDesign()) {
+        const QString path = design->templatePath();
         m_manager->deleteDesignTemplate(design);
         m_outline->reloadData();
         m_editor->reloadData();
         selectionDidChange();
+        if (!path.isNull() && QFileInfo::exists(path))
+            ZQRunAlertPanel(localized("Delete Design"),
+                            localized("The design could not be removed from the disk, and comes "
+                                      "back at the next start:\n\n%@"),
+                            localized("OK"), {}, {}, path);
     }
 }
 

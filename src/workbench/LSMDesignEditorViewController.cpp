@@ -1,5 +1,7 @@
 #include "workbench/LSMDesignEditorViewController.h"
 
+#include "editor/MGSFragariaView.h"
+#include "editor/SMLTextView.h"
 #include "kit/ui/OpenPanel.h"
 #include "kit/ui/TintedIcon.h"
 #include "kit/ZQImageExtensions.h"
@@ -71,7 +73,9 @@ void LSMDesignEditorViewController::viewDidLoad()
         m_ui->segmentedControl->setSegmentCount(segment + 1);
         m_ui->segmentedControl->setLabel(segment, localized(label));
     }
-    configureSourceView();
+    configureSplitter();
+    configureFragariaView();
+    populatePlaceholderMenu();
     configureFields();
     configureStoreTab();
     subscribe();
@@ -112,21 +116,13 @@ void LSMDesignEditorViewController::configureFields()
     connect(m_ui->samplesList, &QListWidget::itemActivated, this, openSample);
 }
 
-void LSMDesignEditorViewController::configureSourceView()
+void LSMDesignEditorViewController::configureSplitter()
 {
     for (int side = 0; side < 2; ++side) {
         m_ui->htmlSplitter->widget(side)->setMinimumSize(160, 120);
         m_ui->htmlSplitter->setStretchFactor(side, 1);
     }
     m_ui->htmlSplitter->setSizes({1000, 1000});
-    connect(m_ui->sourceView, &LSMSourceView::sourceDidChange, this, [this] {
-        if (!m_design)
-            return;
-        m_design->setHtmlSourceCode(m_ui->sourceView->source());
-        if (m_design->isCustomDesignTemplate())
-            markDirty();
-        m_previewDelay.start();
-    });
 }
 
 void LSMDesignEditorViewController::configureStoreTab()
@@ -169,10 +165,8 @@ void LSMDesignEditorViewController::reloadData()
     m_ui->templateNameTextField->setText(m_design ? m_design->templateName() : QString());
     m_ui->templateIdentifierTextField->setText(m_design ? m_design->templateIdentifier()
                                                         : QString());
-    const QString html = m_design ? m_design->htmlSourceCode() : QString();
-    // Another design gets a history of its own, also where its text is the same.
-    if (std::exchange(m_shownDesign, m_design) != m_design || m_ui->sourceView->source() != html)
-        m_ui->sourceView->setSource(html);
+    updateLayoutPopupForTemplate(m_design);
+    showSource();
     m_ui->designIconImageView->setImage(m_design ? m_design->templateImage() : QImage());
     updateEnabling();
     updateFacts();
@@ -185,7 +179,7 @@ void LSMDesignEditorViewController::updateEnabling()
     updateEmptyView();
     m_ui->templateNameTextField->setReadOnly(!editable);
     m_ui->templateIdentifierTextField->setReadOnly(!editable);
-    m_ui->sourceView->setEditable(editable);
+    m_ui->fragariaView->textView()->setEditable(editable);
     m_ui->designIconImageView->setEnabled(editable);
     m_ui->choosePictureButton->setEnabled(editable);
     m_ui->paidSwitch->setEnabled(editable);
@@ -223,17 +217,10 @@ void LSMDesignEditorViewController::updateFacts()
 
 void LSMDesignEditorViewController::updateBanner()
 {
-    const bool builtin = m_design && m_design->isBuiltInDesignTemplate();
-    const bool unfaithful = !builtin && m_selectedTab == HtmlTab && !m_ui->sourceView->isFaithful();
-    m_ui->banner->setVisible(builtin || unfaithful);
-    m_ui->bannerButton->setVisible(builtin);
-    m_ui->bannerIcon->setPixmap(
-        zq::tintedIcon(builtin ? QStringLiteral("Lock") : QStringLiteral("Warning")).pixmap(16));
+    m_ui->banner->setVisible(m_design && m_design->isBuiltInDesignTemplate());
+    m_ui->bannerIcon->setPixmap(zq::tintedIcon(QStringLiteral("Lock")).pixmap(16));
     m_ui->bannerText->setText(
-        builtin
-            ? localized("Built-in designs are read-only. Duplicate this one to change it.")
-            : localized("This HTML has line ends or characters that this editor would change. It "
-                        "is shown read-only, so that nothing is lost."));
+        localized("Built-in designs are read-only. Duplicate this one to change it."));
 }
 
 void LSMDesignEditorViewController::updateSamples()
@@ -284,7 +271,7 @@ void LSMDesignEditorViewController::updateStore()
 void LSMDesignEditorViewController::reloadPreviewFromSourceCodeTextView()
 {
     m_previewDelay.stop();
-    m_ui->previewWebView->loadData(LSMPreviewDocument(m_ui->sourceView->source()),
+    m_ui->previewWebView->loadData(LSMPreviewDocument(m_ui->fragariaView->string()),
                                    QStringLiteral("text/html"), QStringLiteral("utf-8"));
 }
 
@@ -328,7 +315,6 @@ void LSMDesignEditorViewController::setSelectedTab(int tab)
     m_selectedTab = tab;
     m_ui->tabView->setCurrentIndex(tab);
     m_ui->segmentedControl->setSelectedSegment(tab);
-    updateBanner();
     Q_EMIT selectedTabDidChange();
 }
 

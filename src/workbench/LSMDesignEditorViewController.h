@@ -1,13 +1,14 @@
 #pragma once
 
+#include "editor/MGSFragariaTextViewDelegate.h"
 #include "library/LSMDesignTemplateManager.h"
+#include "platform/text/view/TextView.h"
 
 #include <memory>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
-
-class LSMSourceView;
+#include <unordered_map>
 
 namespace Ui {
 class LSMDesignEditorViewController;
@@ -22,7 +23,7 @@ class WebView;
 ///
 /// Hears `LSMSelectedDesignDidChange`, `LSMImageViewImageDropped`, `LSMDesignPropertyDidChange`;
 /// posts `LSMDesignTitleDidChange` from the store tab. Owned by the window controller; main thread.
-class LSMDesignEditorViewController : public QObject
+class LSMDesignEditorViewController : public QObject, private MGSFragariaTextViewDelegate
 {
     Q_OBJECT
     Q_PROPERTY(int selectedTab READ selectedTab WRITE setSelectedTab NOTIFY selectedTabDidChange)
@@ -47,6 +48,8 @@ public:
     /// The same for what is only shown: keywords, layouts, location, samples, properties, store.
     void updateFacts();
 
+    QList<QAction *> textCommands() const; ///< Of the code editor, for a menu: to find and replace.
+
     int selectedTab() const { return m_selectedTab; }
     void setSelectedTab(int tab);
     void switchToViewWithSenderTag(QObject *sender);
@@ -56,7 +59,8 @@ public:
     bool isPreviewBelow() const;
     void setPreviewBelow(bool below);
     void reloadPreviewFromSourceCodeTextView();
-    void choosePicture(); ///< By a file dialog; as a drop.
+    void choosePicture();                        ///< By a file dialog; as a drop.
+    void insertPlaceholder(const QString &text); ///< In place of the selection.
 
 Q_SIGNALS:
     void selectedTabDidChange();
@@ -65,9 +69,28 @@ Q_SIGNALS:
     void newDesignWasAskedFor(); ///< By the button that greets where there is no design.
 
 private:
+    /// The text of a design as it was edited here: with its undo history, and where it was left.
+    struct Document
+    {
+        std::shared_ptr<platform::TextStorage> text;
+        platform::TextSelections selections;
+        platform::ScrollPosition position;
+    };
+
     void viewDidLoad();
     void configureFields();
-    void configureSourceView();
+    void configureSplitter();
+    void configureFragariaView();
+    void applyEditorColours();
+    void populatePlaceholderMenu();
+    void updateLayoutPopupForTemplate(LSMDesignTemplate *design);
+    void layoutMenuSelected(platform::TextRange range);
+    void showSource();
+    Document &documentOf(LSMDesignTemplate *design);
+    bool shouldChangeTextInRanges(platform::TextView *view,
+                                  const std::vector<platform::TextRange> &ranges,
+                                  const QStringList &replacements) override;
+    void textDidChange(platform::TextView *view) override;
     void configureStoreTab();
     void subscribe();
     void selectedDesignDidChange(LSMDesignTemplate *design);
@@ -85,7 +108,8 @@ private:
     QPointer<QWidget> m_view;
     LSMDesignTemplateManager *m_manager = nullptr;
     QPointer<LSMDesignTemplate> m_design;
-    QPointer<LSMDesignTemplate> m_shownDesign; // whose text and history the source view has
+    LSMDesignTemplate *m_shownDesign = nullptr; // whose text the editor has
+    std::unordered_map<LSMDesignTemplate *, Document> m_documents;
     QTimer m_previewDelay;
     int m_selectedTab = DesignTab;
 };

@@ -104,6 +104,9 @@ void LSMMainWindowController::setupMenus()
             zq::setTargetAndAction(action, firstResponder, zq::action(action));
     }
     zq::connectActions(m_window.get(), this);
+    m_ui->outlineView->addAction(m_ui->actionDelete); // elsewhere these keys delete a word
+    m_ui->menuEdit->insertActions(m_ui->actionSearchDesigns, m_editor->textCommands());
+    m_ui->menuEdit->insertSeparator(m_ui->actionSearchDesigns);
     connect(m_ui->actionQuit, &QAction::triggered, qApp, &QCoreApplication::quit,
             Qt::QueuedConnection);
     m_validation = new zq::ValidationScheduler(m_window.get());

@@ -1,5 +1,6 @@
 #include "workbench/WorkbenchFixture.h"
 
+#include "editor/MGSFragariaView.h"
 #include "library/LSMDesignKeys.h"
 #include "platform/PropertyList.h"
 #include "platform/UserDefaults.h"
@@ -176,7 +177,7 @@ TEST_F(CommandsTest, RevertBringsBackWhatIsOnDisk)
         revert, [&] { selectDirty(QStringLiteral("Alpha")); },
         [&] {
             EXPECT_EQ(selected()->htmlSourceCode(), QStringLiteral("<p>saved</p>"));
-            EXPECT_EQ(child<QPlainTextEdit>("sourceView")->toPlainText(),
+            EXPECT_EQ(child<MGSFragariaView>("fragariaView")->string(),
                       QStringLiteral("<p>saved</p>"));
             EXPECT_FALSE(selected()->templateShouldBeSaved());
         });
@@ -355,7 +356,7 @@ TEST_F(CommandsTest, WindowAndToolbarComeBackAsTheyWereLeft)
     quit();
 
     launch();
-    window()->resize(901, 603);
+    EXPECT_EQ(window()->size(), QSize(901, 603));
     EXPECT_FALSE(commands()->toolbar()->isVisible());
     EXPECT_EQ(commands()->toolbar()->itemIdentifiers(),
               QStringList{QStringLiteral("toolbar_item_delete")});

@@ -1,5 +1,7 @@
 #include "workbench/WorkbenchFixture.h"
 
+#include "editor/MGSFragariaView.h"
+#include "editor/SMLTextView.h"
 #include "kit/ui/OpenPanel.h"
 #include "kit/ui/SegmentedControl.h"
 #include "library/LSMDesignKeys.h"
@@ -8,11 +10,11 @@
 #include "platform/UserDefaults.h"
 #include "workbench/LSMImageView.h"
 #include "workbench/LSMNotifications.h"
-#include "workbench/LSMSourceView.h"
 
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
@@ -20,7 +22,15 @@
 class EditorTest : public WorkbenchTest
 {
 protected:
-    LSMSourceView *source() const { return child<LSMSourceView>("sourceView"); }
+    SMLTextView *source() const { return child<MGSFragariaView>("fragariaView")->textView(); }
+    QMenu *popup(const char *name) const { return child<QPushButton>(name)->menu(); }
+    static QStringList titlesIn(const QMenu *menu)
+    {
+        QStringList titles;
+        for (const QAction *action : menu->actions())
+            titles += action->text();
+        return titles;
+    }
     QLineEdit *nameField() const { return child<QLineEdit>("templateNameTextField"); }
     QStringList previews() const
     {
@@ -112,7 +122,7 @@ TEST_F(EditorTest, UndoNeverReachesIntoAnotherDesign)
     EXPECT_FALSE(selected()->templateShouldBeSaved());
 }
 
-TEST_F(EditorTest, TextThatTheViewWouldChangeIsShownOnlyAndSavedUnchanged)
+TEST_F(EditorTest, OnlyWhatIsTypedChangesInTheFile)
 {
     const QByteArray bodies[] = {"<p>\r\n</p>",
                                  QByteArray("a\0b", 3),
@@ -131,17 +141,72 @@ TEST_F(EditorTest, TextThatTheViewWouldChangeIsShownOnlyAndSavedUnchanged)
     for (std::size_t i = 0; i < std::size(bodies); ++i) {
         SCOPED_TRACE(i);
         ASSERT_TRUE(select(QStringLiteral("D%1").arg(i)));
-        if (!source()->isFaithful()) {
-            EXPECT_TRUE(source()->isReadOnly());
-            type(source(), QStringLiteral("x"));
-            EXPECT_FALSE(selected()->templateShouldBeSaved());
-        }
-        type(nameField(), QStringLiteral("!"));
+        source()->setFocus();
+        QTest::keyClick(source(), Qt::Key_End, Qt::ControlModifier);
+        type(source(), QStringLiteral("x"));
         pressShortcut("actionSave");
         EXPECT_FALSE(selected()->templateShouldBeSaved());
         EXPECT_EQ(support::readFile(selected()->templatePath() + QStringLiteral("/body.html")),
-                  bodies[i]);
+                  bodies[i] + "x");
     }
+}
+
+TEST_F(EditorTest, PlaceholdersReplaceTheSelection)
+{
+    writeDesign(QStringLiteral("Alpha"), Group::Custom, "<h1>old</h1>");
+    launch();
+    pressShortcut("actionViewHtml");
+    EXPECT_TRUE(titlesIn(popup("placeholderPopup")).contains(QStringLiteral("Title")));
+    source()->setSelectedRange({4, 3});
+    for (QAction *action : popup("placeholderPopup")->actions()) {
+        if (action->text() == u"Title")
+            action->trigger();
+    }
+    EXPECT_EQ(selected()->htmlSourceCode(), QStringLiteral("<h1>[[LBTitle]]</h1>"));
+    EXPECT_EQ(source()->selectedRange(), (platform::TextRange{15, 0}));
+    EXPECT_TRUE(selected()->templateShouldBeSaved());
+}
+
+TEST_F(EditorTest, TheLayoutPopupGoesToEachMarker)
+{
+    writeDesign(QStringLiteral("Alpha"), Group::Custom,
+                "[[if LBLayoutEnabled_Two_Columns or LBLayoutNotDefined]]a[[endif]]"
+                "[[if LBLayoutEnabled_Short]][[endif]] LBLayoutEnabled_No_End");
+    writeDesign(QStringLiteral("Built"), Group::BuiltIn);
+    launch();
+    select(QStringLiteral("Alpha"));
+    QMenu *menu = popup("layoutPopup");
+    ASSERT_EQ(titlesIn(menu), QStringList({QStringLiteral("Two Columns or LBLayoutNotDefined"),
+                                           QStringLiteral("Short")}));
+    menu->actions().last()->trigger();
+    EXPECT_EQ(source()->textStorage()->substring(source()->selectedRange()),
+              QStringLiteral("LBLayoutEnabled_"));
+    EXPECT_GT(source()->selectedRange().location, 60);
+    source()->selectAll();
+    source()->insertText(QStringLiteral("short"));
+    menu->actions().last()->trigger(); // its place is gone
+    EXPECT_EQ(source()->selectedRange(), (platform::TextRange{5, 0}));
+
+    select(QStringLiteral("Built"));
+    EXPECT_FALSE(child<QPushButton>("layoutPopup")->isEnabled());
+    EXPECT_FALSE(child<QPushButton>("placeholderPopup")->isEnabled());
+}
+
+TEST_F(EditorTest, ARevertKeepsTheCaretAndCanBeUndone)
+{
+    writeDesign(QStringLiteral("Alpha"), Group::Custom, "one\ntwo\nthree\n");
+    launch();
+    pressShortcut("actionViewHtml");
+    source()->setSelectedRange({0, 0});
+    type(source(), QStringLiteral("zero "));
+    source()->setSelectedRange({14, 0});
+    pressShortcut("actionRevert");
+    EXPECT_EQ(source()->string(), QStringLiteral("one\ntwo\nthree\n"));
+    EXPECT_EQ(source()->selectedRange(), (platform::TextRange{9, 0}));
+    EXPECT_FALSE(selected()->templateShouldBeSaved());
+    source()->undo();
+    EXPECT_EQ(selected()->htmlSourceCode(), QStringLiteral("zero one\ntwo\nthree\n"));
+    EXPECT_TRUE(selected()->templateShouldBeSaved());
 }
 
 TEST_F(EditorTest, BuiltInDesignsAreNotEdited)

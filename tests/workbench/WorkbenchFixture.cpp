@@ -3,6 +3,7 @@
 #include "kit/ui/Toolbar.h"
 #include "library/LSMDesignKeys.h"
 #include "platform/PropertyList.h"
+#include "platform/UserDefaults.h"
 
 #include <QMenu>
 #include <QMenuBar>
@@ -51,9 +52,12 @@ QString WorkbenchTest::writeDesign(const QString &title, Group group, const QByt
 void WorkbenchTest::launch()
 {
     AppController::initialize();
+    const bool isFirstLaunch = !platform::UserDefaults::standardUserDefaults().isStored(
+        QStringLiteral("mainWindowGeometry"));
     controller = std::make_unique<AppController>();
     controller->applicationDidFinishLaunching();
-    window()->resize(1000, 700);
+    if (isFirstLaunch)
+        window()->resize(1000, 700);
     ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     support::settle();
 }

@@ -1,0 +1,200 @@
+// The HTML tab of the design editor: the code editor, its popups, and a text of its own for each
+// design.
+
+#include "editor/MGSFragariaView.h"
+#include "editor/SMLTextView.h"
+#include "platform/Appearance.h"
+#include "platform/Bundle.h"
+#include "platform/PropertyList.h"
+#include "platform/text/view/FindBar.h"
+#include "ui_LSMDesignEditorViewController.h"
+#include "workbench/LSMDesignEditorViewController.h"
+
+#include <QFile>
+#include <QFontDatabase>
+#include <QMenu>
+
+using platform::localized;
+using platform::namedColor;
+using platform::TextRange;
+
+namespace {
+
+constexpr auto editorFontSize = 10.0; // points, at least
+const QString layoutMarker = QStringLiteral("LBLayoutEnabled_");
+
+QFont editorFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(qMax(editorFontSize, font.pointSizeF()));
+    return font;
+}
+
+QString localizedIn(const QString &table, const QString &text)
+{
+    return platform::Bundle::mainBundle().localizedString(text, {}, table);
+}
+
+} // namespace
+
+void LSMDesignEditorViewController::configureFragariaView()
+{
+    MGSFragariaView *view = m_ui->fragariaView;
+    view->setShowsGutter(true);
+    view->setAutoCompleteEnabled(true);
+    view->setAutoCompleteDelay(0.05);
+    view->setHighlightsCurrentLine(true);
+    applyEditorColours();
+    view->setTextFont(editorFont());
+    view->setTabWidth(2);
+    view->setIndentWithSpaces(true);
+    view->setSyntaxDefinitionName(QStringLiteral("HTML"));
+    view->setTextViewDelegate(this);
+    view->textView()->setRichText(false);
+    view->textView()->setAccessibleName(localized("HTML of the design"));
+    connect(&platform::Appearance::shared(), &platform::Appearance::colorSchemeDidChange, this,
+            &LSMDesignEditorViewController::applyEditorColours);
+}
+
+QList<QAction *> LSMDesignEditorViewController::textCommands() const
+{
+    return m_ui->fragariaView->findBar()->commands();
+}
+
+// Text and paint are told apart on dark ground by colours of their own.
+void LSMDesignEditorViewController::applyEditorColours()
+{
+    using View = MGSFragariaView;
+    static constexpr std::pair<void (View::*)(const QColor &), const char *> colours[] = {
+        {&View::setBackgroundColor, "codeEditorBackground"},
+        {&View::setGutterBackgroundColour, "codeEditorGutterBackgroundColour"},
+        {&View::setGutterTextColour, "codeEditorGutterTextColour"},
+        {&View::setCurrentLineHighlightColour, "codeEditorCurrentLineHighlightColour"},
+        {&View::setTextColor, "codeEditorTextColor"},
+        {&View::setInsertionPointColor, "codeEditorTextColor"},
+        {&View::setColourForAttributes, "codeEditorAttributes"},
+        {&View::setColourForAutocomplete, "codeEditorAutocomplete"},
+        {&View::setColourForCommands, "codeEditorCommands"},
+        {&View::setColourForComments, "codeEditorComments"},
+        {&View::setColourForInstructions, "codeEditorInstructions"},
+        {&View::setColourForKeywords, "codeEditorKeywords"},
+        {&View::setColourForNumbers, "codeEditorNumbers"},
+        {&View::setColourForStrings, "codeEditorStrings"},
+        {&View::setColourForVariables, "codeEditorVariables"},
+    };
+    for (const auto &[set, name] : colours)
+        (m_ui->fragariaView->*set)(namedColor(QLatin1StringView(name)));
+}
+
+void LSMDesignEditorViewController::populatePlaceholderMenu()
+{
+    m_ui->placeholderPopup->setText(localized("Placeholders"));
+    auto *menu = new QMenu(m_ui->placeholderPopup);
+    QFile file(platform::Bundle::mainBundle().pathForResource(QStringLiteral("placeholder"),
+                                                              QStringLiteral("plist")));
+    (void)file.open(QIODevice::ReadOnly); // what is not there holds nothing
+    const auto list = platform::PropertyList::parse(file.readAll());
+    const QVariantMap placeholders = list ? list->root.toMap() : QVariantMap();
+    for (auto entry = placeholders.cbegin(); entry != placeholders.cend(); ++entry) {
+        menu->addAction(localizedIn(QStringLiteral("Placeholder"), entry.key()), this,
+                        [this, text = entry->toString()] { insertPlaceholder(text); });
+    }
+    m_ui->placeholderPopup->setMenu(menu);
+    m_ui->layoutPopup->setText(localized("Layouts"));
+    m_ui->layoutPopup->setMenu(new QMenu(m_ui->layoutPopup));
+}
+
+void LSMDesignEditorViewController::insertPlaceholder(const QString &text)
+{
+    platform::TextView *view = m_ui->fragariaView->textView();
+    view->changeText(view->selectedRange(), text);
+    view->setFocus();
+}
+
+void LSMDesignEditorViewController::updateLayoutPopupForTemplate(LSMDesignTemplate *design)
+{
+    const bool isCustom = design && design->isCustomDesignTemplate();
+    m_ui->layoutPopup->setEnabled(isCustom);
+    m_ui->placeholderPopup->setEnabled(isCustom);
+    if (!isCustom)
+        return;
+    QMenu *menu = m_ui->layoutPopup->menu();
+    menu->clear();
+    const QString html = design->htmlSourceCode();
+    for (qsizetype at = html.indexOf(layoutMarker); at >= 0;
+         at = html.indexOf(layoutMarker, at + layoutMarker.size())) {
+        const qsizetype end = html.indexOf(u']', at);
+        if (end < 0)
+            break; // nor has any marker behind it an end
+        const QString name = html.mid(at, end - at).remove(layoutMarker).replace(u'_', u' ');
+        const TextRange range{at, layoutMarker.size()};
+        menu->addAction(localizedIn(QStringLiteral("DesignProperties"), name), this,
+                        [this, range] { layoutMenuSelected(range); });
+    }
+}
+
+// The text may have become shorter since the menu was made.
+void LSMDesignEditorViewController::layoutMenuSelected(TextRange range)
+{
+    platform::TextView *view = m_ui->fragariaView->textView();
+    if (range.end() <= view->textStorage()->length()) {
+        view->setSelectedRange(range);
+        view->scrollRangeToVisible(range);
+    }
+    view->setFocus();
+}
+
+// Of a text that was changed elsewhere only what differs is replaced, as one step of undo.
+void LSMDesignEditorViewController::showSource()
+{
+    platform::TextView *view = m_ui->fragariaView->textView();
+    if (m_shownDesign != m_design) {
+        if (m_shownDesign) {
+            Document &left = documentOf(m_shownDesign);
+            left.selections = view->selections();
+            left.position = view->scrollPosition();
+        }
+        m_shownDesign = m_design;
+        const Document shown = m_design
+                                   ? documentOf(m_design)
+                                   : Document{std::make_shared<platform::TextStorage>(), {}, {}};
+        m_ui->fragariaView->replaceTextStorage(shown.text);
+        view->setSelections(shown.selections);
+        view->setScrollPosition(shown.position);
+    }
+    if (m_design)
+        view->reloadString(m_design->htmlSourceCode());
+}
+
+LSMDesignEditorViewController::Document &
+LSMDesignEditorViewController::documentOf(LSMDesignTemplate *design)
+{
+    const auto known = m_documents.find(design);
+    if (known != m_documents.end())
+        return known->second;
+    connect(design, &QObject::destroyed, this, [this, design] {
+        m_documents.erase(design);
+        if (m_shownDesign == design)
+            m_shownDesign = nullptr;
+    });
+    Document document{std::make_shared<platform::TextStorage>(), {}, {}};
+    document.text->setString(design->htmlSourceCode());
+    return m_documents.emplace(design, document).first->second;
+}
+
+bool LSMDesignEditorViewController::shouldChangeTextInRanges(platform::TextView *,
+                                                             const std::vector<TextRange> &,
+                                                             const QStringList &)
+{
+    m_previewDelay.start();
+    return true;
+}
+
+void LSMDesignEditorViewController::textDidChange(platform::TextView *)
+{
+    if (!m_design)
+        return;
+    m_design->setHtmlSourceCodeFrom([text = documentOf(m_design).text] { return text->string(); });
+    if (m_design->isCustomDesignTemplate())
+        markDirty();
+}
