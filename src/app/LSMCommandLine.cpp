@@ -1,6 +1,8 @@
 #include "app/LSMCommandLine.h"
 
 #include "app/AppController.h"
+#include "app/LSMColourCommand.h"
+#include "app/LSMCommandOutput.h"
 #include "library/checking/LSMBundleCheck.h"
 #include "library/LSMDesignKeys.h"
 #include "library/LSMDesignLayouts.h"
@@ -9,31 +11,15 @@
 #include "platform/Concurrent.h"
 #include "platform/Format.h"
 
-#include <cstdio>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 using platform::localized;
+using namespace LSMCommandOutput;
 
 namespace {
-
-void print(const QByteArray &bytes)
-{
-    std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout);
-}
-
-void printLine(const QString &line)
-{
-    print(line.toUtf8() + '\n');
-}
-
-int complain(const QString &line, int status)
-{
-    std::fputs((QStringLiteral("layoutsmith: ") + line + u'\n').toUtf8().constData(), stderr);
-    return status;
-}
 
 // Never freed: the process ends with the command, and taking thousands of designs apart takes time.
 const LSMDesignTemplateManager &library()
@@ -144,7 +130,8 @@ struct Command
     int (*run)(const QStringList &arguments);
 };
 
-constexpr Command commands[] = {{"list", list}, {"show", show}, {"check", check}};
+constexpr Command commands[] = {
+    {"list", list}, {"show", show}, {"check", check}, {"colour", LSMRunColourCommand}};
 
 } // namespace
 

@@ -14,6 +14,9 @@ constexpr const char *usage = R"(usage: layoutsmith                      opens t
        layoutsmith list [--json]        lists all designs
        layoutsmith show NAME            tells about a design, by title, identifier or path
        layoutsmith check [PATH...]      checks designs or folders of them; exit status 1 on findings
+       layoutsmith colour FILE [--language NAME] [--json|--html]
+                                        colours a file as the editor does; tells the runs or
+                                        prints a page
        layoutsmith --tour DIR           walks through the window and writes pictures into DIR
        layoutsmith --version | --help
 )";

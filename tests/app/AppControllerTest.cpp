@@ -15,32 +15,6 @@ protected:
     }
 };
 
-TEST_F(AppControllerTest, TheStoreEntryHasToBeThere)
-{
-    AppController::initialize();
-    AppController unconnected;
-    try {
-        unconnected.awakeFromNib();
-        FAIL();
-    } catch (const platform::AssertionFailure &failure) {
-        EXPECT_EQ(failure.text(),
-                  QStringLiteral("outlet _switchToStoreMenuItem not set in AppController object"));
-    }
-}
-
-TEST_F(AppControllerTest, DefaultsAreRegisteredUnderWhatTheUserStored)
-{
-    auto &defaults = platform::UserDefaults::standardUserDefaults();
-    defaults.setObject(QStringLiteral("lotbookApplicationIdentifier"), QStringLiteral("stored"));
-    AppController::initialize();
-    EXPECT_EQ(defaults.string(QStringLiteral("lotbookApplicationIdentifier")),
-              QStringLiteral("stored"));
-    defaults.removeObject(QStringLiteral("lotbookApplicationIdentifier"));
-    EXPECT_EQ(defaults.string(QStringLiteral("lotbookApplicationIdentifier")),
-              QStringLiteral("com.quillbyte.lotbook9"));
-    EXPECT_TRUE(defaults.boolean(QStringLiteral("showStoreSegment")));
-}
-
 TEST_F(AppControllerTest, ClosingWithoutUnsavedDesignsAsksNothing)
 {
     writeDesign(QStringLiteral("Alpha"));
