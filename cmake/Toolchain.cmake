@@ -21,7 +21,8 @@ endif()
 
 if(LAYOUTSMITH_SANITIZE)
     add_compile_options(-fsanitize=${LAYOUTSMITH_SANITIZE} -fno-omit-frame-pointer
-        -fno-sanitize-recover=all)
+        -fno-sanitize-recover=all
+        -Wno-maybe-uninitialized) # GCC mistakes the sanitizers' own branches
     add_link_options(-fsanitize=${LAYOUTSMITH_SANITIZE})
 endif()
 
