@@ -1,5 +1,6 @@
 #include "platform/text/LayoutManager.h"
 
+#include "platform/Assert.h"
 #include "platform/text/PlainGlyphs.h"
 
 #include <cmath>
@@ -37,9 +38,14 @@ void LayoutManager::replaceTextStorage(std::shared_ptr<TextStorage> storage)
 void LayoutManager::observeTextStorage()
 {
     m_lines.clear();
+    m_hiddenLines.clear();
     m_attributes.reset(m_storage->length());
     m_lineCount = m_storage->lineCount();
     connect(m_storage.get(), &TextStorage::charactersReplaced, this, &LayoutManager::textDidChange);
+    connect(m_storage.get(), &TextStorage::didProcessEditing, this, [this] {
+        if (std::exchange(m_hidesLess, false))
+            Q_EMIT layoutDidChange();
+    });
 }
 
 void LayoutManager::textDidChange(TextRange range, qsizetype changeInLength)
@@ -49,6 +55,8 @@ void LayoutManager::textDidChange(TextRange range, qsizetype changeInLength)
     const qsizetype last = m_storage->lineAt(range.end());
     const qsizetype added = m_storage->lineCount() - m_lineCount;
     m_lineCount = m_storage->lineCount();
+    if (!m_hiddenLines.isEmpty() && m_hiddenLines.textDidChange(first, last, added))
+        m_hidesLess = true;
     if (first == last && added == 0 && replaceInLine(first, range, changeInLength))
         return;
     const auto behind = m_lines.upper_bound(last - added);
@@ -187,10 +195,32 @@ void LayoutManager::forgetFarLines(qsizetype line)
 
 qreal LayoutManager::heightOfLine(qsizetype line)
 {
+    if (m_hiddenLines.contains(line))
+        return 0;
     if (m_style.wrapWidth <= 0)
         return m_style.rowHeight;
     const auto kept = m_lines.find(line);
     return kept == m_lines.end() ? this->line(line).height() : kept->second->height();
+}
+
+void LayoutManager::hideLines(qsizetype first, qsizetype last)
+{
+    PLATFORM_ASSERT(first > 0 && first <= last && last < m_storage->lineCount() - 1,
+                    "lines %ld to %ld cannot be hidden", first, last);
+    m_hiddenLines.hide({first, last});
+    Q_EMIT layoutDidChange();
+}
+
+void LayoutManager::showLine(qsizetype line)
+{
+    if (m_hiddenLines.show(line))
+        Q_EMIT layoutDidChange();
+}
+
+void LayoutManager::showAllLines()
+{
+    m_hiddenLines.clear();
+    Q_EMIT layoutDidChange();
 }
 
 void LayoutManager::drawLine(QPainter *painter, qsizetype line, QPointF origin, const QRectF &clip)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/text/HiddenLines.h"
 #include "platform/text/LineLayout.h"
 #include "platform/text/TemporaryAttributes.h"
 #include "platform/text/TextStorage.h"
@@ -42,7 +43,8 @@ public:
 
     // How lines are laid out. Setting what already is costs nothing.
     const LineStyle &style() const { return m_style; }
-    /// Its characters stand on whole pixels: columns are even, and a page is drawn in half the time.
+    /// Its characters stand on whole pixels: columns are even, and a page is drawn in half the
+    /// time.
     void setFont(const QFont &font);
     void setTabInterval(qreal pixels);
     void setWrapWidth(qreal pixels);          ///< 0: lines do not wrap.
@@ -53,15 +55,22 @@ public:
     /// next call or edit.
     LineLayout &line(qsizetype line);
 
-    /// Pixels. Lays the line out if need be, part of it by estimate if it is long.
+    /// Pixels; 0 for a hidden line. Lays the line out if need be, part of it by estimate if it is
+    /// long.
     qreal heightOfLine(qsizetype line);
+
+    // Lines that take no room, until they are edited; neither the first nor the last line can be.
+    const HiddenLines &hiddenLines() const { return m_hiddenLines; }
+    void hideLines(qsizetype first, qsizetype last);
+    void showLine(qsizetype line); ///< With those that were hidden along with it.
+    void showAllLines();
 
     /// Draws what of the line lies in `clip`, its left top corner at `origin`.
     virtual void drawLine(QPainter *painter, qsizetype line, QPointF origin, const QRectF &clip);
 
 Q_SIGNALS:
-    void textStorageDidChange();                      ///< By `replaceTextStorage`.
-    void layoutDidChange();                           ///< Font, tabs, wrapping: everything.
+    void textStorageDidChange(); ///< By `replaceTextStorage`.
+    void layoutDidChange();      ///< Font, tabs, wrapping, hidden lines: everything.
     void displayDidChange(platform::TextRange range); ///< Attributes there have changed.
 
 private:
@@ -79,6 +88,8 @@ private:
     qreal m_lineHeightMultiple = 0;
     std::map<qsizetype, std::unique_ptr<LineLayout>> m_lines; ///< Some, by number.
     qsizetype m_lineCount = 1;                                ///< That the numbers are by.
+    HiddenLines m_hiddenLines;
+    bool m_hidesLess = false; ///< By an edit that nobody has been told of.
 };
 
 } // namespace platform

@@ -147,10 +147,8 @@ TextRange LineLayout::rowRange(qsizetype row)
         return {0, m_length};
     const Place place = placeAtRow(row);
     LinePiece &piece = laidOut(place);
-    TextRange range =
-        piece.layout().rowRange(std::clamp<qsizetype>(row - place.row, 0, piece.rowCount() - 1));
-    range.location += place.offset;
-    return range;
+    const qsizetype within = std::clamp<qsizetype>(row - place.row, 0, piece.rowCount() - 1);
+    return piece.layout().rowRange(within).movedBy(place.offset);
 }
 
 QRectF LineLayout::caretRect(qsizetype offset, TextAffinity affinity)
@@ -162,13 +160,20 @@ QRectF LineLayout::caretRect(qsizetype offset, TextAffinity affinity)
             qreal(place.row + row) * m_style.rowHeight, 0, m_style.rowHeight};
 }
 
+// The nearest row of the piece.
+qsizetype LineLayout::rowIn(const Place &place, qreal y) const
+{
+    if (!isWrapped())
+        return 0;
+    const auto row = qsizetype(std::floor(y / m_style.rowHeight));
+    return std::clamp<qsizetype>(row - place.row, 0, m_pieces[place.index].rowCount() - 1);
+}
+
 qsizetype LineLayout::offsetAt(QPointF point, TextAffinity *affinity)
 {
     const Place place = placeAt(point);
     LinePiece &piece = laidOut(place);
-    const auto wanted = qsizetype(std::floor(point.y() / m_style.rowHeight));
-    const qsizetype row =
-        isWrapped() ? std::clamp<qsizetype>(wanted - place.row, 0, piece.rowCount() - 1) : 0;
+    const qsizetype row = rowIn(place, point.y());
     const qsizetype offset = piece.layout().offsetAt(point.x() - place.x, row);
     if (affinity) {
         const bool isAtBreak =
@@ -181,13 +186,8 @@ qsizetype LineLayout::offsetAt(QPointF point, TextAffinity *affinity)
 TextRange LineLayout::clusterAt(QPointF point)
 {
     const Place place = placeAt(point);
-    LinePiece &piece = laidOut(place);
-    const auto wanted = qsizetype(std::floor(point.y() / m_style.rowHeight));
-    const qsizetype row =
-        isWrapped() ? std::clamp<qsizetype>(wanted - place.row, 0, piece.rowCount() - 1) : 0;
-    TextRange range = piece.layout().clusterAt(point.x() - place.x, row);
-    range.location += place.offset;
-    return range;
+    const PieceLayout &layout = laidOut(place).layout();
+    return layout.clusterAt(point.x() - place.x, rowIn(place, point.y())).movedBy(place.offset);
 }
 
 qsizetype LineLayout::leftOf(qsizetype offset)
@@ -212,8 +212,7 @@ std::vector<QRectF> LineLayout::rectsOf(TextRange offsets, const QRectF &clip)
                            qreal(piece.rowCount()) * m_style.rowHeight);
         if (!range.intersected(offsets).isEmpty() && frame.intersects(clip)) {
             laidOut(place);
-            TextRange part = range.intersected(offsets);
-            part.location -= place.offset;
+            const TextRange part = range.intersected(offsets).movedBy(-place.offset);
             for (qsizetype row = 0; row < piece.rowCount(); ++row) {
                 for (const auto &[left, right] : piece.layout().spansOf(part, row)) {
                     const QRectF rect(place.x + left, qreal(place.row + row) * m_style.rowHeight,

@@ -77,6 +77,7 @@ private:
     Place placeOf(qsizetype offset, TextAffinity affinity) const;
     Place placeAtRow(qsizetype row) const;
     Place placeAt(QPointF point) const;
+    qsizetype rowIn(const Place &place, qreal y) const;
     LinePiece &laidOut(const Place &place);
     void forgetFarPieces(size_t index);
 

@@ -10,7 +10,6 @@ namespace platform {
 namespace {
 
 constexpr char16_t replacement = 0xFFFD;
-constexpr int errorUnderline = 0b1111; // drawn by the layout managers of those who have errors
 
 // Units for units, so that offsets stay what they are.
 void showSigns(QString &text)
@@ -68,7 +67,7 @@ void LinePiece::layOut(const LineStyle &style, const LineFormats &formats, qsize
     }
     std::vector<LineFormats::Run> runs = formats.runs({location, length()});
     for (LineFormats::Run &run : runs)
-        run.range.location -= location;
+        run.range = run.range.movedBy(-location);
     m_formatsAreFresh = true;
     if (!isNew && runs == m_runs)
         return;
@@ -147,7 +146,7 @@ void LinePiece::fill(QPainter *painter, QPointF origin) const
     for (const LineFormats::Run &run : m_runs) {
         const QVariant background = run.attributes.value(TextAttribute::BackgroundColor);
         const int underline = run.attributes.value(TextAttribute::UnderlineStyle).toInt();
-        const bool isUnderlined = underline != 0 && (underline & errorUnderline) != errorUnderline;
+        const bool isUnderlined = underline != 0 && !isErrorUnderline(underline);
         if (!background.isValid() && !isUnderlined)
             continue;
         for (qsizetype row = 0; row < m_rowCount; ++row) {

@@ -19,10 +19,10 @@ struct LineStyle
 {
     QFont font;
     std::shared_ptr<PlainGlyphs> plainGlyphs; ///< Of that font; null: everything is shaped.
-    qreal tabInterval = 32;   ///< Above 0.
-    qreal wrapWidth = 0;      ///< 0: lines do not wrap.
-    qreal rowHeight = 16;     ///< Of every row.
-    qreal baseline = 12;      ///< Below the top of a row.
+    qreal tabInterval = 32;                   ///< Above 0.
+    qreal wrapWidth = 0;                      ///< 0: lines do not wrap.
+    qreal rowHeight = 16;                     ///< Of every row.
+    qreal baseline = 12;                      ///< Below the top of a row.
     qreal characterWidth = 8; ///< Of a blank: what is not laid out yet counts by it.
 };
 

@@ -95,13 +95,34 @@ void TemporaryAttributes::forEachRun(
     TextRange range, const std::function<void(TextRange, const TextAttributes &)> &function) const
 {
     check(range);
-    while (!range.isEmpty()) {
-        const Position at = position(range.location);
-        const TextRange run = extended(at, range, [&at](Number set) { return set == at.set(); });
-        if (at.set() != 0)
-            function(run, m_table.attributes(at.set()));
-        range = TextRange::between(run.end(), range.end());
+    if (range.isEmpty())
+        return;
+    TextRange run;
+    Number number = 0; // of what the run has
+    const auto report = [&] {
+        if (number != 0)
+            function(run, m_table.attributes(number));
+    };
+    for (Tree::Place at = place(range.location); at.node && at.before.length < range.end();
+         at = at.next()) {
+        const Block &block = at.node->block;
+        const qsizetype offset = std::max<qsizetype>(0, range.location - at.before.length);
+        for (size_t i = block.runAt(quint32(offset)); i < block.runs.size(); ++i) {
+            const qsizetype start = at.before.length + block.runs[i].start;
+            if (start >= range.end())
+                break;
+            const TextRange part =
+                TextRange::between(start, at.before.length + block.end(i)).intersected(range);
+            if (block.runs[i].set == number) {
+                run = run.united(part);
+            } else {
+                report();
+                run = part;
+                number = block.runs[i].set;
+            }
+        }
     }
+    report();
 }
 
 void TemporaryAttributes::set(const TextAttributes &attributes, TextRange range)

@@ -12,12 +12,18 @@ namespace platform {
 enum class TextAttribute : quint8 {
     ForegroundColor = 1, ///< QColor
     BackgroundColor = 2, ///< QColor
-    UnderlineStyle = 4,  ///< int: the four low bits all set are the error underline
+    UnderlineStyle = 4,  ///< int
     ToolTip = 8,         ///< QString
     Group = 16,          ///< QString: what the text is, e.g. the name of a colouring group
 };
 Q_DECLARE_FLAGS(TextAttributeKeys, TextAttribute)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TextAttributeKeys)
+
+/// An underline of errors has its four low bits set; heirs of the layout manager draw it.
+constexpr bool isErrorUnderline(int underlineStyle)
+{
+    return (underlineStyle & 0b1111) == 0b1111;
+}
 
 inline constexpr size_t textAttributeCount = 5;
 inline constexpr std::array<TextAttribute, textAttributeCount> allTextAttributes = {

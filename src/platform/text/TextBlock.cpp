@@ -10,17 +10,6 @@ namespace {
 constexpr char16_t cr = u'\r';
 constexpr char16_t lf = u'\n';
 
-// Without branches, so that whole blocks are counted many units at a time.
-bool endsLine(uchar unit)
-{
-    return int(unit == lf) | int(unit == cr) | int(unit == 0x85);
-}
-
-bool endsLine(char16_t unit)
-{
-    return int(unit == lf) | int(unit == cr) | int(unit == 0x85) | int((unit | 1) == 0x2029);
-}
-
 // Of `units`, the line ends that are complete within the first `count`.
 template <class Unit>
 qint32 countLineEnds(const Unit *units, qsizetype count, qsizetype length)

@@ -7,6 +7,17 @@
 
 namespace platform {
 
+/// Whether a line ends with the unit; CR LF together are one end. Without branches, so that whole
+/// blocks are counted many units at a time.
+constexpr bool endsLine(char16_t unit)
+{
+    return int(unit == u'\n') | int(unit == u'\r') | int(unit == 0x85) | int((unit | 1) == 0x2029);
+}
+constexpr bool endsLine(uchar unit)
+{
+    return int(unit == '\n') | int(unit == '\r') | int(unit == 0x85);
+}
+
 /// Lengths and line ends add up, since no block parts a CR from its LF.
 struct TextMeasure
 {

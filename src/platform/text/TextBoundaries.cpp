@@ -12,11 +12,6 @@ namespace {
 constexpr qsizetype neighbourhood = 128; // units at either side, at first
 constexpr char16_t firstCombining = 0x300;
 
-TextRange around(qsizetype index, TextRange line, qsizetype reach)
-{
-    return line.intersected(TextRange::between(index - qMin(index, reach), index + reach));
-}
-
 // Qt's own finder parts surrogate pairs that stand behind Indic letters.
 class ClusterFinder
 {
@@ -55,7 +50,7 @@ private:
 qsizetype nextBoundary(const TextStorage &storage, qsizetype index, TextRange line)
 {
     for (qsizetype reach = neighbourhood;; reach *= 2) {
-        const TextRange near = around(index, line, reach);
+        const TextRange near = line.intersected(TextRange::around(index, reach));
         const ClusterFinder finder(storage.substring(near));
         const qsizetype found = near.location + finder.following(index - near.location);
         if (found < near.end() || near.end() == line.end())
@@ -66,7 +61,7 @@ qsizetype nextBoundary(const TextStorage &storage, qsizetype index, TextRange li
 qsizetype previousBoundary(const TextStorage &storage, qsizetype index, TextRange line)
 {
     for (qsizetype reach = neighbourhood;; reach *= 2) {
-        const TextRange near = around(index, line, reach);
+        const TextRange near = line.intersected(TextRange::around(index, reach));
         const ClusterFinder finder(storage.substring(near));
         const qsizetype found = near.location + finder.preceding(index - near.location);
         if (found > near.location || near.location == line.location)

@@ -33,12 +33,6 @@ qsizetype previousWord(const TextStorage &storage, qsizetype index);
 /// that before it. Empty in an empty line.
 TextRange wordRange(const TextStorage &storage, qsizetype index);
 
-/// The whole line that the index lies in, with its line end.
-inline TextRange wholeLineRange(const TextStorage &storage, qsizetype index)
-{
-    return storage.lineRange({index, 0});
-}
-
 /// The line's direction, by its first characters.
 bool isRightToLeft(const TextStorage &storage, qsizetype line);
 

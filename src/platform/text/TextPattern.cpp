@@ -9,10 +9,10 @@ namespace platform {
 
 namespace {
 
-class StringPattern : public TextPattern
+class PlainPattern : public TextPattern
 {
 public:
-    explicit StringPattern(const TextQuery &query)
+    explicit PlainPattern(const TextQuery &query)
         : m_string(query.string),
           m_sensitivity(query.matchesCase ? Qt::CaseSensitive : Qt::CaseInsensitive)
     {
@@ -63,7 +63,7 @@ std::unique_ptr<TextPattern> TextPattern::compile(const TextQuery &query, Error 
     else if (query.isRegularExpression)
         pattern = ExpressionPattern::compile(query, error);
     else
-        pattern = std::make_unique<StringPattern>(query);
+        pattern = std::make_unique<PlainPattern>(query);
     if (pattern)
         pattern->m_wholeWords = query.matchesWholeWords;
     return pattern;

@@ -36,15 +36,35 @@ TextPrinter::Outcome TextPrinter::print(QPagedPaintDevice *device, Error *error)
     m_device = device;
     m_page = 0;
     m_hasPage = false;
-    if (!m_painter.begin(device)) {
+    Outcome outcome = Outcome::Failed;
+    if (m_painter.begin(device)) {
+        outcome = printLines();
+        if (!m_painter.end())
+            outcome = Outcome::Failed;
+        m_paper.reset();
+    }
+    if (outcome == Outcome::Failed)
         fail(error, QStringLiteral("platform.print"), 0,
              localized("The printer could not be used."));
-        return Outcome::Failed;
-    }
+    return outcome;
+}
+
+TextPrinter::Outcome TextPrinter::printLines()
+{
+    preparePaper();
+    const qsizetype lines = m_paper->textStorage()->lineCount();
+    Outcome outcome = beginPage() ? Outcome::Printed : Outcome::Failed;
+    for (qsizetype line = 0; line < lines && outcome == Outcome::Printed; ++line)
+        outcome = printLine(line);
+    return outcome;
+}
+
+void TextPrinter::preparePaper()
+{
     const qreal scale =
-        device->logicalDpiX() / QGuiApplication::primaryScreen()->logicalDotsPerInchX();
+        m_device->logicalDpiX() / QGuiApplication::primaryScreen()->logicalDotsPerInchX();
     m_painter.scale(scale, scale);
-    m_size = QSizeF(device->width(), device->height()) / scale;
+    m_size = QSizeF(m_device->width(), m_device->height()) / scale;
     QFont font = m_source->style().font;
     font.setHintingPreference(QFont::PreferNoHinting); // the screen's pixels do not matter here
     m_paper = std::make_unique<LayoutManager>(m_source->sharedTextStorage());
@@ -52,17 +72,6 @@ TextPrinter::Outcome TextPrinter::print(QPagedPaintDevice *device, Error *error)
     m_paper->setTabInterval(m_source->style().tabInterval);
     m_paper->setLineHeightMultiple(m_source->lineHeightMultiple());
     m_paper->setWrapWidth(m_size.width());
-    const qsizetype lines = m_paper->textStorage()->lineCount();
-    Outcome outcome = beginPage() ? Outcome::Printed : Outcome::Failed;
-    for (qsizetype line = 0; line < lines && outcome == Outcome::Printed; ++line)
-        outcome = printLine(line);
-    if (!m_painter.end())
-        outcome = Outcome::Failed;
-    m_paper.reset();
-    if (outcome == Outcome::Failed)
-        fail(error, QStringLiteral("platform.print"), 0,
-             localized("The printer could not be used."));
-    return outcome;
 }
 
 TextPrinter::Outcome TextPrinter::printLine(qsizetype line)

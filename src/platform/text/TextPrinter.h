@@ -35,6 +35,8 @@ public:
     int pageCount() const { return m_page; } ///< Pages that the last call came to.
 
 private:
+    void preparePaper();
+    Outcome printLines();
     Outcome printLine(qsizetype line);
     void copyColors(TextRange contents);
     void drawRows(qsizetype line, qsizetype row, qsizetype count);

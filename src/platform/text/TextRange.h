@@ -21,6 +21,12 @@ struct TextRange
         return {location, end - location};
     }
 
+    /// From `reach` units before the index, as far as there are any, to `reach` units behind it.
+    static constexpr TextRange around(qsizetype index, qsizetype reach)
+    {
+        return between(std::max<qsizetype>(0, index - reach), index + reach);
+    }
+
     static constexpr TextRange notFound() { return {NotFound, 0}; }
     constexpr bool isFound() const { return location != NotFound; }
 
@@ -28,6 +34,8 @@ struct TextRange
     constexpr bool isEmpty() const { return length == 0; }
     constexpr bool contains(qsizetype index) const { return index >= location && index < end(); }
     constexpr bool operator==(const TextRange &) const = default;
+
+    constexpr TextRange movedBy(qsizetype distance) const { return {location + distance, length}; }
 
     /// The smallest range that covers both.
     constexpr TextRange united(TextRange other) const

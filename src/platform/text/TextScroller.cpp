@@ -19,7 +19,8 @@ void TextScroller::setSize(QSizeF size)
 void TextScroller::setPosition(const ScrollPosition &position)
 {
     m_position = normalized(position);
-    const qsizetype rowsBelow = m_layout.textStorage()->lineCount() - m_position.line;
+    const qsizetype rowsBelow =
+        m_layout.textStorage()->lineCount() - m_position.line - m_layout.hiddenLines().count();
     if (qreal(rowsBelow - 1) * m_layout.style().rowHeight <= m_size.height() + m_position.above) {
         const ScrollPosition furthest = end();
         if (std::pair(m_position.line, m_position.above) >
@@ -32,18 +33,30 @@ void TextScroller::setPosition(const ScrollPosition &position)
         std::round(std::clamp<qreal>(position.left, 0, qMax<qreal>(0, m_width - m_size.width())));
 }
 
+qsizetype TextScroller::lineAfter(qsizetype line) const
+{
+    return m_layout.hiddenLines().shownAtOrAfter(line + 1);
+}
+
+qsizetype TextScroller::lineBefore(qsizetype line) const
+{
+    return m_layout.hiddenLines().shownAtOrBefore(line - 1);
+}
+
 ScrollPosition TextScroller::normalized(ScrollPosition position) const
 {
     const qsizetype last = m_layout.textStorage()->lineCount() - 1;
     position.line = std::clamp<qsizetype>(position.line, 0, last);
     position.above = std::round(position.above);
-    while (position.above < 0 && position.line > 0)
-        position.above += m_heightOfLine(--position.line);
+    while (position.above < 0 && position.line > 0) {
+        position.line = lineBefore(position.line);
+        position.above += m_heightOfLine(position.line);
+    }
     position.above = qMax<qreal>(0, position.above);
     for (qreal height = m_heightOfLine(position.line);
          position.above >= height && position.line < last; height = m_heightOfLine(position.line)) {
         position.above -= height;
-        ++position.line;
+        position.line = lineAfter(position.line);
     }
     return position;
 }
@@ -52,9 +65,10 @@ ScrollPosition TextScroller::end() const
 {
     qsizetype line = m_layout.textStorage()->lineCount();
     qreal above = -m_size.height();
-    do
-        above += m_heightOfLine(--line);
-    while (above < 0 && line > 0);
+    do {
+        line = lineBefore(line);
+        above += m_heightOfLine(line);
+    } while (above < 0 && line > 0);
     return {line, std::round(qMax<qreal>(0, above)), 0};
 }
 
@@ -65,8 +79,10 @@ void TextScroller::scrollBy(QPointF delta)
     const qreal wanted = position.above + delta.y();
     if (delta.y() < 0) {
         position.above += knownAbove(position.line, position.above, qMax<qreal>(wanted, 0));
-        if (wanted < 0 && position.line > 0)
-            m_layout.line(position.line - 1).rowAt(m_layout.line(position.line - 1).length());
+        if (wanted < 0 && position.line > 0) {
+            LineLayout &line = m_layout.line(lineBefore(position.line));
+            line.rowAt(line.length());
+        }
     }
     position.above += delta.y();
     setPosition(position);
@@ -142,10 +158,14 @@ std::optional<qreal> TextScroller::topNear(qsizetype line) const
 {
     qreal top = -m_position.above;
     qsizetype at = m_position.line;
-    while (at > line && top > -m_size.height())
-        top -= m_heightOfLine(--at);
-    while (at < line && top < 2 * m_size.height())
-        top += m_heightOfLine(at++);
+    while (at > line && top > -m_size.height()) {
+        at = lineBefore(at);
+        top -= m_heightOfLine(at);
+    }
+    while (at < line && top < 2 * m_size.height()) {
+        top += m_heightOfLine(at);
+        at = lineAfter(at);
+    }
     return at == line ? std::optional(top) : std::nullopt;
 }
 
@@ -154,8 +174,10 @@ qsizetype TextScroller::lineAtY(qreal y) const
     const qsizetype last = m_layout.textStorage()->lineCount() - 1;
     qreal bottom = m_heightOfLine(m_position.line) - m_position.above;
     qsizetype line = m_position.line;
-    while (bottom <= qMin(y, m_size.height()) && line < last)
-        bottom += m_heightOfLine(++line);
+    while (bottom <= qMin(y, m_size.height()) && line < last) {
+        line = lineAfter(line);
+        bottom += m_heightOfLine(line);
+    }
     return line;
 }
 

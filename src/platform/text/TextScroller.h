@@ -43,7 +43,7 @@ public:
     void textDidChange(TextRange range, qsizetype changeInLength);
     void textStorageDidChange(); ///< Another text: from its start.
 
-    /// The line's top below the window's; nullopt out of sight.
+    /// The line's top below the window's; nullopt out of sight, and for a hidden line.
     std::optional<qreal> topOfLine(qsizetype line) const;
     qsizetype lineAtY(qreal y) const; ///< The nearest in sight.
 
@@ -56,6 +56,8 @@ public:
     void forgetWidth() { m_width = 0; }
 
 private:
+    qsizetype lineAfter(qsizetype line) const; ///< That is not hidden.
+    qsizetype lineBefore(qsizetype line) const;
     ScrollPosition normalized(ScrollPosition position) const;
     std::optional<qreal> topNear(qsizetype line) const;
     qreal knownAbove(qsizetype line, qreal from, qreal to) const;

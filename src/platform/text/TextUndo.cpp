@@ -9,8 +9,7 @@ constexpr qint64 longestPause = 1500; // milliseconds within one run of typing
 bool beginsWithLineEnd(const TextUndo::Change &change)
 {
     const QString &text = change.front().inserted;
-    return text.startsWith(u'\n') || text.startsWith(u'\r') || text.startsWith(u'\u0085') ||
-           text.startsWith(u'\u2028') || text.startsWith(u'\u2029');
+    return !text.isEmpty() && endsLine(text.front().unicode());
 }
 
 // What takes the change back, in the text that it left.
@@ -174,21 +173,18 @@ std::optional<TextUndo::Step> TextUndo::stepToRedo() const
 
 std::optional<TextUndo::Step> TextUndo::undo()
 {
-    std::optional<Step> step = stepToUndo();
-    if (step) {
-        --m_done;
-        m_isBroken = true;
-        expect(step->changes);
-        Q_EMIT didChange();
-    }
-    return step;
+    return taken(stepToUndo(), m_done - 1);
 }
 
 std::optional<TextUndo::Step> TextUndo::redo()
 {
-    std::optional<Step> step = stepToRedo();
+    return taken(stepToRedo(), m_done + 1);
+}
+
+std::optional<TextUndo::Step> TextUndo::taken(std::optional<Step> step, size_t done)
+{
     if (step) {
-        ++m_done;
+        m_done = done;
         m_isBroken = true;
         expect(step->changes);
         Q_EMIT didChange();
@@ -218,6 +214,7 @@ void TextUndo::markClean()
 {
     m_cleanState = state();
     m_isBroken = true;
+    Q_EMIT didMarkClean();
 }
 
 void TextUndo::textDidChange(TextRange range, qsizetype changeInLength)

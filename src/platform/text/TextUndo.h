@@ -78,7 +78,8 @@ public:
     bool isClean() const { return state() == m_cleanState; }
 
 Q_SIGNALS:
-    void didChange(); ///< What can be undone or redone.
+    void didChange();    ///< What can be undone or redone.
+    void didMarkClean(); ///< By `markClean`.
 
 private:
     struct Entry
@@ -98,6 +99,7 @@ private:
     explicit TextUndo(TextStorage *storage);
     void textDidChange(TextRange range, qsizetype changeInLength);
     quint64 state() const { return m_done == 0 ? m_firstState : m_steps[m_done - 1].state; }
+    std::optional<Step> taken(std::optional<Step> step, size_t done);
     void forgetUndone();
     bool coalesces(Kind kind, const Change &change) const;
     void expect(const std::vector<Change> &changes);

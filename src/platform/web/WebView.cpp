@@ -2,7 +2,6 @@
 
 #include "platform/Bundle.h"
 #include "platform/Log.h"
-#include "platform/web/WebViewEngine.h"
 #include "platform/Workspace.h"
 
 #include <QCoreApplication>
@@ -50,11 +49,14 @@ void WebView::prepareApplication()
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 }
 
-void WebView::loadData(const QByteArray &document, const QString &mimeType, const QString &encoding)
+void WebView::loadData(const QByteArray &document, const QString &mimeType, const QString &encoding,
+                       DocumentScroll scroll)
 {
     m_pendingData = document;
     m_pendingMimeType = mimeType;
     m_pendingEncoding = encoding;
+    if (scroll == DocumentScroll::Top)
+        m_pendingScroll = scroll;
     m_isPending = true;
     if (isVisible() && m_started)
         loadPending();
@@ -70,7 +72,8 @@ void WebView::loadPending()
     if (!m_engine)
         return;
     m_loading = true;
-    m_engine->load(std::exchange(m_pendingData, {}), m_pendingMimeType, m_pendingEncoding);
+    m_engine->load(std::exchange(m_pendingData, {}), m_pendingMimeType, m_pendingEncoding,
+                   std::exchange(m_pendingScroll, DocumentScroll::Keep));
 }
 
 void WebView::loadPendingWhenIdle()

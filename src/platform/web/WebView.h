@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/web/WebViewEngine.h"
+
 #include <memory>
 #include <QWidget>
 
 namespace platform {
-
-class WebViewEngine;
 
 /// Shows one in-memory document. The engine behind it is a module of its own, loaded once the view
 /// has a document and its window has been painted: programs and tests that never show a page pay
@@ -24,10 +24,11 @@ public:
     /// To be called once, before the application object: the engine needs it.
     static void prepareApplication();
 
-    /// Replaces the document; the scroll position stays when one follows another. `mimeType`
-    /// "text/html"; `encoding` is the name of the bytes' encoding. A hidden view remembers the
-    /// latest document and loads it when it shows.
-    void loadData(const QByteArray &document, const QString &mimeType, const QString &encoding);
+    /// Replaces the document. `mimeType` "text/html"; `encoding` is the name of the bytes'
+    /// encoding. A hidden view remembers the latest document and loads it when it shows; it shows
+    /// the top if any document since the last one shown was to.
+    void loadData(const QByteArray &document, const QString &mimeType, const QString &encoding,
+                  DocumentScroll scroll = DocumentScroll::Keep);
 
     bool isLoading() const { return m_loading || m_isPending; }
 
@@ -53,6 +54,7 @@ private:
     QByteArray m_pendingData;
     QString m_pendingMimeType;
     QString m_pendingEncoding;
+    DocumentScroll m_pendingScroll = DocumentScroll::Keep;
     double m_zoomFactor = 1;
     bool m_isPending = false;
     bool m_loading = false;

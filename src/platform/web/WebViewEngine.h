@@ -8,6 +8,9 @@
 
 namespace platform {
 
+/// Where a document begins to show: as far down as the one before it, or at its top.
+enum class DocumentScroll { Keep, Top };
+
 /// What the module "layoutsmith_web" offers to WebView, and all that the two know of each other.
 class WebViewEngine
 {
@@ -15,7 +18,8 @@ public:
     virtual ~WebViewEngine() = default;
 
     virtual QWidget *widget() = 0; ///< The engine's; below the given parent.
-    virtual void load(const QByteArray &data, const QString &mimeType, const QString &encoding) = 0;
+    virtual void load(const QByteArray &data, const QString &mimeType, const QString &encoding,
+                      DocumentScroll scroll) = 0;
     virtual void setZoomFactor(double factor) = 0;
 
     std::function<void(bool succeeded)> loadFinished;
@@ -32,5 +36,5 @@ public:
 
 } // namespace platform
 
-#define PlatformWebViewEngineFactory_iid "layoutsmith.WebViewEngineFactory/1"
+#define PlatformWebViewEngineFactory_iid "layoutsmith.WebViewEngineFactory/2"
 Q_DECLARE_INTERFACE(platform::WebViewEngineFactory, PlatformWebViewEngineFactory_iid)

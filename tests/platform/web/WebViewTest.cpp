@@ -278,6 +278,9 @@ TEST_F(WebViewTest, KeepsScrollPositionAndZoomOverTheNextDocument)
     EXPECT_TRUE(waitForTitle("700 150")) << qPrintable(title(view));
     ASSERT_TRUE(show(tall + tell));
     EXPECT_TRUE(waitForTitle("700 150")) << qPrintable(title(view));
+    view.loadData(tall, "text/html", "utf-8", platform::DocumentScroll::Top);
+    ASSERT_TRUE(show(tall + tell)) << "cut short the one that goes to the top";
+    EXPECT_TRUE(waitForTitle("0 150")) << qPrintable(title(view));
     view.setZoomFactor(100);
     EXPECT_EQ(view.zoomFactor(), 5);
 }

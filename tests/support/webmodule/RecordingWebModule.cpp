@@ -1,5 +1,5 @@
 // A web module for tests of windows: it shows nothing and keeps the documents that it was given, as
-// the property "documents" of its widget.
+// the property "documents" of its widget; "fromTop" tells of each whether it was to show its top.
 #include "platform/web/WebViewEngine.h"
 
 #include <QPointer>
@@ -17,8 +17,11 @@ public:
 
     QWidget *widget() override { return m_widget; }
     void setZoomFactor(double) override {}
-    void load(const QByteArray &data, const QString &, const QString &) override
+    void load(const QByteArray &data, const QString &, const QString &,
+              platform::DocumentScroll scroll) override
     {
+        m_widget->setProperty("fromTop", m_widget->property("fromTop").toList()
+                                             << (scroll == platform::DocumentScroll::Top));
         m_widget->setProperty("documents", m_widget->property("documents").toStringList()
                                                << QString::fromUtf8(data));
         loadFinished(true);

@@ -1,6 +1,5 @@
 #include "platform/text/view/FindBar.h"
 
-#include "platform/Appearance.h"
 #include "platform/Bundle.h"
 #include "platform/Format.h"
 #include "platform/text/view/FindMarks.h"
@@ -103,8 +102,7 @@ void FindBar::takeSelection()
         m_finder.indexOf(selected) != NotFound)
         return;
     const QString text = m_view->textStorage()->substring(selected);
-    static const QString lineEnds = QStringLiteral("\n\r\u0085\u2028\u2029");
-    if (std::any_of(text.cbegin(), text.cend(), [](QChar c) { return lineEnds.contains(c); }))
+    if (std::any_of(text.cbegin(), text.cend(), [](QChar c) { return endsLine(c.unicode()); }))
         return;
     if (text != m_ui->findField->text())
         m_ui->expressionButton->setChecked(false);
@@ -272,14 +270,14 @@ void FindBar::showNote(const QString &note)
 
 void FindBar::showStatus()
 {
-    const bool isNote = !m_note.isNull() || !m_finder.obstacle().isNull();
-    m_ui->statusLabel->setText(isNote ? (m_note.isNull() ? m_finder.obstacle() : m_note)
-                                      : status());
+    m_ui->statusLabel->setText(m_note.isNull() ? status() : m_note);
 }
 
 QString FindBar::status() const
 {
     const qsizetype count = m_finder.matchCount();
+    if (!m_finder.obstacle().isNull())
+        return m_finder.obstacle();
     if (m_finder.query().string.isEmpty())
         return {};
     if (count == 0)

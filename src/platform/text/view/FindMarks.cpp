@@ -49,7 +49,8 @@ void FindMarks::paintEvent(QPaintEvent *event)
     color.setAlphaF(0.35F);
     painter.setBrush(color);
     const qsizetype last = m_view->lineAtY(event->rect().bottom());
-    for (qsizetype line = m_view->lineAtY(event->rect().top()); line <= last; ++line)
+    for (qsizetype line = m_view->lineAtY(event->rect().top()); line <= last;
+         line = m_view->lineAfter(line))
         paintLine(&painter, line);
 }
 

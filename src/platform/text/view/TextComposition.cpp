@@ -1,6 +1,6 @@
 #include "platform/text/view/TextComposition.h"
 
-#include "platform/text/TextMovement.h"
+#include "platform/text/TextNavigator.h"
 #include <QTextFormat>
 
 namespace platform {
@@ -61,12 +61,12 @@ std::vector<LineFormats::Run> TextComposition::runs(TextRange range) const
     const auto append = [&](TextRange part, qsizetype shift) {
         m_layout.temporaryAttributes().forEachRun(
             part, [&](TextRange run, const TextAttributes &attributes) {
-                runs.push_back({{run.location + shift, run.length}, attributes});
+                runs.push_back({run.movedBy(shift), attributes});
             });
     };
     const TextRange before = range.intersected({0, m_offset});
     if (!before.isEmpty())
-        append({before.location + start, before.length}, -start);
+        append(before.movedBy(start), -start);
     qsizetype at = composed.location;
     for (const Run &format : m_formats) {
         const qsizetype from = qMax(at, format.range.location + m_offset);

@@ -239,9 +239,8 @@ void TextView::textDidChange(TextRange range)
         const QRectF rect = rectOfLine(line);
         if (rect.isNull())
             break;
-        const auto index = size_t(line - top);
-        if (!hasSameLines || index >= m_shownHeights.size() ||
-            m_shownHeights[index] != rect.height()) {
+        const auto shown = m_shownHeights.find(line);
+        if (!hasSameLines || shown == m_shownHeights.end() || shown->second != rect.height()) {
             updateFrom(rect.top());
             break;
         }
@@ -250,7 +249,6 @@ void TextView::textDidChange(TextRange range)
     if (!hasSameLines && first < top)
         updateFrom(0);
     scrollPositionMayHaveChanged();
-    updateScrollBars();
     if (m_selectionMoved && !m_isChanging)
         setSelections(TextSelections(m_selections));
 }
@@ -271,7 +269,6 @@ void TextView::layoutDidChange()
     m_scroller.setPosition(position);
     noteWidths();
     scrollPositionMayHaveChanged();
-    updateScrollBars();
     updateFrom(0);
     updateMicroFocus();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/text/TextMovement.h"
+#include "platform/text/TextNavigator.h"
 #include "platform/text/TextScroller.h"
 #include "platform/text/TextUndo.h"
 #include "platform/text/view/TextViewDelegate.h"
@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <span>
+#include <unordered_map>
 
 class QMenu;
 class QMimeData;
@@ -85,7 +86,8 @@ public:
     QString selectedText() const; ///< Several ones parted by line feeds.
     void setSelectedRange(TextRange range);
     void setSelectedRanges(const std::vector<TextRange> &ranges); ///< Not empty.
-    /// The way of all of them; what lies beyond the text is brought into it.
+    /// The way of all of them; what lies beyond the text is brought into it. Hidden lines that one
+    /// of them starts or ends in are shown.
     virtual void setSelections(const TextSelections &selections);
     void scrollRangeToVisible(TextRange range);
 
@@ -114,24 +116,23 @@ public:
     void selectNextOccurrence(); ///< The word at the caret first, then its next occurrence.
     void selectOne();            ///< Back to the main selection alone; it alone: to its caret.
     void transpose();            ///< The characters at both sides of each caret.
-    void capitalizeWord();
-    void uppercaseCharacters();
-    void lowercaseCharacters();
-    void zoom(int steps); ///< Of one point each; 0: back to the font that was set.
+    void capitalizeWord();       ///< Also the selected words.
+    void zoom(int steps);        ///< Of one point each; 0: back to the font that was set.
 
     // Geometry, in the viewport's coordinates.
     static constexpr qreal textInset = 5; ///< Between the viewport's edges and the text, in pixels.
     const ScrollPosition &scrollPosition() const { return m_scroller.position(); }
     void setScrollPosition(const ScrollPosition &position); ///< Is brought into bounds.
     void scrollByPixels(QPointF delta);
-    QRectF rectOfLine(qsizetype line); ///< All its rows, the viewport's width; null out of sight.
+    /// All its rows, the viewport's width; null out of sight and for a hidden line.
+    QRectF rectOfLine(qsizetype line);
     QRectF caretRect(qsizetype index, TextAffinity affinity = TextAffinity::Downstream);
     std::vector<QRectF> rectsOf(TextRange range); ///< What of it is in sight.
     qsizetype indexAt(QPointF point,
                       TextAffinity *affinity = nullptr); ///< The nearest for a caret.
     TextRange clusterAt(QPointF point); ///< The character under the point, or empty.
     qsizetype lineAtY(qreal y) const { return m_scroller.lineAtY(y); } ///< The nearest in sight.
-    TextRange visibleRange(); ///< Of the lines in sight, whole unless they are very long.
+    qsizetype lineAfter(qsizetype line) const; ///< The next that is not hidden.
 
     // Colours. Those that are not set are the palette's.
     void setTextColor(const QColor &color);
@@ -207,24 +208,25 @@ private:
     void carryOut(const std::vector<TextUndo::Change> &changes, const TextSelections &after);
     void walkHistory(std::optional<TextUndo::Step> (TextUndo::*next)() const,
                      std::optional<TextUndo::Step> (TextUndo::*take)());
-    void tellOfSelection();
 
     // What keys and menus do (TextViewEditing.cpp).
-    bool replaceSelections(const QStringList &texts, TextUndo::Kind kind);
-    void changeWords(const std::function<QString(const QString &)> &change);
+    void showEnds(TextRange range);
+    bool replaceSelections(const QString &text, TextUndo::Kind kind = TextUndo::Kind::Other);
     void addCaret(TextMovement movement);
 
     // Geometry and scrolling (TextViewScrolling.cpp).
     qreal heightOfLine(qsizetype line) const;
     QPointF originOfLine(qreal top) const;
     void scrollToCaret();
-    void scrollPositionMayHaveChanged();
+    void scrollPositionMayHaveChanged(); ///< Tells of it, and sets the bars.
+    void revealInLine(qsizetype line, const QRectF &rect);
     void forgetWidthOf(TextRange range);
     void noteWidths();
     void updateScrollBars();
     int barValue(const ScrollPosition &position) const;
     int barStepsOfLine() const;
     void verticalBarActed(int action);
+    void placeRuler();
     QFont zoomedFont() const;
     void zoomByWheel(const QWheelEvent &event);
     qsizetype rowsOfPage() const;
@@ -240,7 +242,8 @@ private:
     void drawLines(QPainter *painter, const QRegion &region);
     void drawCarets(QPainter *painter);
     QRectF caretOf(const TextSelection &selection); ///< As it is painted.
-    std::span<const TextSelection> selectionsInSight();
+    TextRange linesInSight() const;
+    std::span<const TextSelection> selectionsInSight() const;
     void updateCarets();
     void updateLines(TextRange range);
     void updateFrom(qreal top); ///< All below.
@@ -255,6 +258,7 @@ private:
     bool isSelectedAt(QPointF point);
     void autoscroll();
 
+    // Input methods (TextViewInput.cpp).
     TextRange surroundingText() const;
 
     // Dragging and clipboard (TextViewClipboard.cpp).
@@ -274,12 +278,12 @@ private:
     bool m_isChanging = false;  ///< The text, by the view itself.
     bool m_isReplacing = false; ///< The same, and selections are set after it.
 
-    bool m_selectionMoved = false;     ///< By edits, and nobody has been told.
-    qsizetype m_lineCount = 1;         ///< As shown.
-    ScrollPosition m_shownPosition;    ///< As told last.
-    std::vector<qreal> m_shownHeights; ///< Of the lines in sight, as painted last.
-    qsizetype m_shownTop = 0;          ///< The index at the top edge, as painted last.
-    QRegion m_painted;                 ///< While painting.
+    bool m_selectionMoved = false;                       ///< By edits, and nobody has been told.
+    qsizetype m_lineCount = 1;                           ///< As shown.
+    ScrollPosition m_shownPosition;                      ///< As told last.
+    std::unordered_map<qsizetype, qreal> m_shownHeights; ///< Of lines in sight, as painted last.
+    qsizetype m_shownTop = 0; ///< The index at the top edge, as painted last.
+    QRegion m_painted;        ///< While painting.
     bool m_updatesBars = false;
     bool m_widestMayBeGone = false; ///< By the edit that goes on.
 

@@ -129,11 +129,6 @@ QString TextViewAccessible::text(int start, int end) const
     return view()->textStorage()->substring(range(start, end));
 }
 
-QString TextViewAccessible::text(QAccessible::Text text) const
-{
-    return QAccessibleWidget::text(text);
-}
-
 int TextViewAccessible::characterCount() const
 {
     return int(view()->textStorage()->length());
@@ -170,7 +165,7 @@ TextRange TextViewAccessible::rowAt(qsizetype line, qsizetype offset) const
     const qsizetype start = storage.lineStart(line);
     if (row.end() == layout.length())
         row = TextRange::between(row.location, storage.lineRange({start, 0}).length);
-    return {start + row.location, row.length};
+    return row.movedBy(start);
 }
 
 QString TextViewAccessible::answer(TextRange range, int *start, int *end) const

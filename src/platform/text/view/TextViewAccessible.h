@@ -38,8 +38,8 @@ public:
     void setCursorPosition(int position) override;
 
     // The text. Offsets beyond it count as its ends; -1 is its length.
+    using QAccessibleWidget::text;
     QString text(int start, int end) const override;
-    QString text(QAccessible::Text text) const override;
     QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int *start,
                              int *end) const override;
     QString textAtOffset(int offset, QAccessible::TextBoundaryType type, int *start,

@@ -48,8 +48,7 @@ void TextView::cut()
     if (!m_isEditable || m_selections.isEmpty())
         return;
     copy();
-    replaceSelections(QStringList(qsizetype(m_selections.all().size()), QString()),
-                      TextUndo::Kind::Other);
+    replaceSelections({});
 }
 
 void TextView::paste()
@@ -67,11 +66,11 @@ void TextView::insertMimeData(const QMimeData &content)
     if (!content.hasText())
         return;
     const QString text = content.text();
-    const auto count = qsizetype(m_selections.all().size());
-    QStringList texts = m_selections.isMultiple() ? linesOf(text) : QStringList();
-    if (texts.size() != count)
-        texts = QStringList(count, text);
-    replaceSelections(texts, TextUndo::Kind::Other);
+    const QStringList lines = m_selections.isMultiple() ? linesOf(text) : QStringList();
+    if (lines.size() == qsizetype(m_selections.all().size()))
+        changeText(selectedRanges(), lines);
+    else
+        replaceSelections(text);
 }
 
 void TextView::putOnPrimarySelection()
@@ -118,8 +117,7 @@ void TextView::startDrag()
     m_isDragging = false;
     setDropIndex(NotFound);
     if (action == Qt::MoveAction && !m_droppedHere && m_isEditable)
-        replaceSelections(QStringList(qsizetype(m_selections.all().size()), QString()),
-                          TextUndo::Kind::Other);
+        replaceSelections({});
 }
 
 void TextView::setDropIndex(qsizetype index)

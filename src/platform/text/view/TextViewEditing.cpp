@@ -55,6 +55,10 @@ void TextView::setSelections(const TextSelections &selections)
 {
     const TextSelections before =
         std::exchange(m_selections, selections.within(textStorage()->length()));
+    if (!m_layoutManager->hiddenLines().isEmpty()) {
+        for (const TextSelection &selection : std::vector(m_selections.all()))
+            showEnds(selection.range());
+    }
     if (m_selections == before && !m_selectionMoved)
         return restartBlinking();
     if (m_selections != before && !m_isChanging)
@@ -83,33 +87,36 @@ QString TextView::selectedText() const
     return texts.join(u'\n');
 }
 
+void TextView::showEnds(TextRange range)
+{
+    for (const qsizetype index : {range.location, range.end()})
+        m_layoutManager->showLine(textStorage()->lineAt(qMin(index, textStorage()->length())));
+}
+
 void TextView::scrollRangeToVisible(TextRange range)
 {
+    showEnds(range);
     for (const qsizetype index : {range.end(), range.location}) {
         const auto place = navigator().placeOf(qMin(index, textStorage()->length()));
         const QRectF rect = m_layoutManager->line(place.line).caretRect(place.offset);
-        const QRectF within = rect.translated(textInset, 0).adjusted(-textInset, 0, textInset, 0);
-        m_scroller.noteWidth(within.right());
-        m_scroller.reveal(place.line, within);
+        revealInLine(place.line, rect);
     }
     scrollPositionMayHaveChanged();
-    updateScrollBars();
 }
 
-bool TextView::replaceSelections(const QStringList &texts, TextUndo::Kind kind)
+bool TextView::replaceSelections(const QString &text, TextUndo::Kind kind)
 {
-    return changeText(selectedRanges(), texts, kind);
+    return changeText(selectedRanges(), copies(text, m_selections.all().size()), kind);
 }
 
 void TextView::insertText(const QString &text)
 {
-    replaceSelections(copies(text, m_selections.all().size()), TextUndo::Kind::Typing);
+    replaceSelections(text, TextUndo::Kind::Typing);
 }
 
 void TextView::insertNewline()
 {
-    const QString lineEnd = lineEnding(*textStorage());
-    replaceSelections(copies(lineEnd, m_selections.all().size()), TextUndo::Kind::Typing);
+    replaceSelections(lineEnding(*textStorage()), TextUndo::Kind::Typing);
 }
 
 void TextView::insertTab()
@@ -270,23 +277,8 @@ void TextView::transpose()
     changeText(ranges, replacements);
 }
 
-void TextView::capitalizeWord()
-{
-    changeWords(capitalized);
-}
-
-void TextView::uppercaseCharacters()
-{
-    changeWords([](const QString &text) { return text.toUpper(); });
-}
-
-void TextView::lowercaseCharacters()
-{
-    changeWords([](const QString &text) { return text.toLower(); });
-}
-
 // The selected text, which stays selected; the words at carets, which end behind them.
-void TextView::changeWords(const std::function<QString(const QString &)> &change)
+void TextView::capitalizeWord()
 {
     std::vector<TextRange> ranges;
     QStringList replacements;
@@ -298,7 +290,7 @@ void TextView::changeWords(const std::function<QString(const QString &)> &change
         if (!ranges.empty() && ranges.back().end() > range.location)
             continue;
         ranges.push_back(range);
-        replacements << change(textStorage()->substring(range));
+        replacements << capitalized(textStorage()->substring(range));
         const TextRange changed{range.location + shift, replacements.last().size()};
         after.push_back(isCaret ? TextRange{changed.end(), 0} : changed);
         shift += changed.length - range.length;

@@ -16,8 +16,7 @@ TextRange TextView::surroundingText() const
 {
     const qsizetype caret = m_selections.main().caret;
     const TextRange line = textStorage()->lineContents(textStorage()->lineAt(caret));
-    return line.intersected(
-        TextRange::between(caret - qMin(caret, surroundings), caret + surroundings));
+    return line.intersected(TextRange::around(caret, surroundings));
 }
 
 void TextView::inputMethodEvent(QInputMethodEvent *event)
@@ -48,8 +47,7 @@ void TextView::inputMethodEvent(QInputMethodEvent *event)
     }
     if (!event->preeditString().isEmpty()) {
         if (!m_selections.isEmpty())
-            replaceSelections(QStringList(qsizetype(m_selections.all().size()), QString()),
-                              TextUndo::Kind::Other);
+            replaceSelections({});
         m_composition->set(event->preeditString(), event->attributes());
     }
     updateFrom(caretRect(m_selections.main().caret).top());

@@ -39,7 +39,7 @@ TextRange TextView::rangeAt(QPointF point, TextGranularity granularity)
     const qsizetype clicked = cluster.isEmpty() ? indexAt(point) : cluster.location;
     const TextRange proposed = granularity == TextGranularity::Word
                                    ? wordRange(*textStorage(), clicked)
-                                   : wholeLineRange(*textStorage(), clicked);
+                                   : textStorage()->lineRange({clicked, 0});
     return selectionRange(proposed, clicked, granularity);
 }
 

@@ -79,7 +79,7 @@ void TextView::forEachLine(qreal from, qreal to, Function function)
 {
     const qsizetype count = textStorage()->lineCount();
     qreal top = -scrollPosition().above;
-    for (qsizetype line = scrollPosition().line; line < count && top < to; ++line) {
+    for (qsizetype line = scrollPosition().line; line < count && top < to; line = lineAfter(line)) {
         const qreal bottom = top + heightOfLine(line);
         if (bottom > from)
             function(line, top);
@@ -102,7 +102,7 @@ void TextView::paintEvent(QPaintEvent *event)
 
     m_shownHeights.clear();
     forEachLine(0, viewport()->height(),
-                [this](qsizetype line, qreal) { m_shownHeights.push_back(heightOfLine(line)); });
+                [this](qsizetype line, qreal) { m_shownHeights[line] = heightOfLine(line); });
     m_shownTop = scrollPosition().above > 0 ? indexAt({0, 0}) : 0;
     const qreal width = m_scroller.width();
     noteWidths();
@@ -130,16 +130,22 @@ void TextView::drawViewBackground(QPainter *painter, const QRectF &dirty)
     painter->fillRect(dirty, backgroundColor());
 }
 
-std::span<const TextSelection> TextView::selectionsInSight()
+// From the start of the first to the end of the last.
+TextRange TextView::linesInSight() const
+{
+    const qsizetype last = lineAtY(m_scroller.size().height());
+    return TextRange::between(textStorage()->lineStart(scrollPosition().line),
+                              textStorage()->lineContents(last).end());
+}
+
+std::span<const TextSelection> TextView::selectionsInSight() const
 {
     const std::vector<TextSelection> &all = m_selections.all();
-    const qsizetype start = textStorage()->lineStart(scrollPosition().line);
-    const qsizetype lastLine = lineAtY(m_scroller.size().height());
-    const qsizetype end = textStorage()->lineContents(lastLine).end();
+    const TextRange seen = linesInSight();
     const auto first = std::ranges::lower_bound(
-        all, start, {}, [](const TextSelection &selection) { return selection.range().end(); });
+        all, seen.location, {}, [](const auto &selection) { return selection.range().end(); });
     const auto last =
-        std::ranges::upper_bound(first, all.end(), end, {},
+        std::ranges::upper_bound(first, all.end(), seen.end(), {},
                                  [](const auto &selection) { return selection.range().location; });
     return {first, last};
 }
@@ -157,8 +163,7 @@ void TextView::drawSelections(QPainter *painter, const QRectF &dirty)
                 return;
             LineLayout &line = m_layoutManager->line(number);
             const QPointF origin = originOfLine(top);
-            TextRange part = contents.intersected(range);
-            part.location -= contents.location;
+            const TextRange part = contents.intersected(range).movedBy(-contents.location);
             for (const QRectF &rect : line.rectsOf(part, dirty.translated(-origin)))
                 painter->fillRect(rect.translated(origin), color);
             if (range.end() > contents.end()) { // the line end is selected too
@@ -252,9 +257,7 @@ void TextView::updateSelections(const TextSelections &before)
     const auto &old = before.all();
     const auto &now = m_selections.all();
     if (old.size() != now.size()) {
-        const TextRange seen = TextRange::between(
-            textStorage()->lineStart(scrollPosition().line),
-            textStorage()->lineContents(lineAtY(m_scroller.size().height())).end());
+        const TextRange seen = linesInSight();
         for (const auto *all : {&old, &now}) {
             for (const TextSelection &selection : *all) {
                 if (selection.range().location <= seen.end() &&

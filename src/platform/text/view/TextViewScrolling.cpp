@@ -64,11 +64,11 @@ std::vector<QRectF> TextView::rectsOf(TextRange range)
     std::vector<QRectF> rects;
     const QRectF clip = viewport()->rect();
     const qsizetype last = qMin(textStorage()->lineAt(range.end()), lineAtY(clip.bottom()));
-    for (qsizetype line = qMax(scrollPosition().line, textStorage()->lineAt(range.location));
-         line <= last; ++line) {
+    for (qsizetype line =
+             lineAfter(qMax(scrollPosition().line, textStorage()->lineAt(range.location)) - 1);
+         line <= last; line = lineAfter(line)) {
         const TextRange contents = textStorage()->lineContents(line);
-        TextRange part = contents.intersected(range);
-        part.location -= contents.location;
+        const TextRange part = contents.intersected(range).movedBy(-contents.location);
         const QPointF origin = originOfLine(m_scroller.topOfLine(line).value_or(0));
         for (const QRectF &rect :
              m_layoutManager->line(line).rectsOf(part, clip.translated(-origin)))
@@ -93,14 +93,13 @@ TextRange TextView::clusterAt(QPointF point)
     TextRange cluster = m_layoutManager->line(line).clusterAt(within);
     if (within.y() >= heightOfLine(line))
         cluster = {m_layoutManager->line(line).length(), 0};
-    cluster.location += textStorage()->lineStart(line);
-    return cluster;
+    return cluster.movedBy(textStorage()->lineStart(line));
 }
 
 // Of a very long line only what lies in the rectangle, give or take a character.
 TextRange TextView::charactersIn(qsizetype line, const QRectF &rect)
 {
-    const TextRange whole = wholeLineRange(*textStorage(), textStorage()->lineStart(line));
+    const TextRange whole = textStorage()->lineRange({textStorage()->lineStart(line), 0});
     if (whole.length <= longLine)
         return whole;
     LineLayout &layout = m_layoutManager->line(line);
@@ -113,11 +112,9 @@ TextRange TextView::charactersIn(qsizetype line, const QRectF &rect)
                               nextCluster(*textStorage(), whole.location + qMax(first, last)));
 }
 
-TextRange TextView::visibleRange()
+qsizetype TextView::lineAfter(qsizetype line) const
 {
-    const QRectF rect = viewport()->rect();
-    return charactersIn(scrollPosition().line, rect)
-        .united(charactersIn(lineAtY(rect.bottom()), rect));
+    return m_layoutManager->hiddenLines().shownAtOrAfter(line + 1);
 }
 
 qsizetype TextView::rowsOfPage() const
@@ -130,25 +127,30 @@ void TextView::setScrollPosition(const ScrollPosition &position)
 {
     m_scroller.setPosition(position);
     scrollPositionMayHaveChanged();
-    updateScrollBars();
 }
 
 void TextView::scrollByPixels(QPointF delta)
 {
     m_scroller.scrollBy(delta);
     scrollPositionMayHaveChanged();
-    updateScrollBars();
 }
 
 void TextView::scrollPositionMayHaveChanged()
 {
-    if (m_shownPosition == scrollPosition())
-        return;
-    m_shownPosition = scrollPosition();
-    delete m_findIndicator;
-    updateFrom(0);
-    updateMicroFocus();
-    Q_EMIT scrollPositionDidChange();
+    if (std::exchange(m_shownPosition, scrollPosition()) != scrollPosition()) {
+        delete m_findIndicator;
+        updateFrom(0);
+        updateMicroFocus();
+        Q_EMIT scrollPositionDidChange();
+    }
+    updateScrollBars();
+}
+
+void TextView::revealInLine(qsizetype line, const QRectF &rect)
+{
+    const QRectF withInset = rect.translated(textInset, 0).adjusted(-textInset, 0, textInset, 0);
+    m_scroller.noteWidth(withInset.right());
+    m_scroller.reveal(line, withInset);
 }
 
 void TextView::scrollToCaret()
@@ -161,12 +163,9 @@ void TextView::scrollToCaret()
             m_composition->isActive()
                 ? m_composition->caretRect(main.caret)
                 : m_layoutManager->line(place.line).caretRect(place.offset, main.affinity);
-        const QRectF within = rect.translated(textInset, 0).adjusted(-textInset, 0, textInset, 0);
-        m_scroller.noteWidth(within.right());
-        m_scroller.reveal(place.line, within);
+        revealInLine(place.line, rect);
     }
     scrollPositionMayHaveChanged();
-    updateScrollBars();
 }
 
 void TextView::noteWidths()
@@ -174,7 +173,7 @@ void TextView::noteWidths()
     if (m_layoutManager->style().wrapWidth > 0)
         return m_scroller.noteWidth(m_layoutManager->style().wrapWidth + 2 * textInset);
     const qsizetype last = lineAtY(m_scroller.size().height());
-    for (qsizetype line = scrollPosition().line; line <= last; ++line)
+    for (qsizetype line = scrollPosition().line; line <= last; line = lineAfter(line))
         m_scroller.noteWidth(m_layoutManager->line(line).width() + 2 * textInset);
 }
 
@@ -206,6 +205,7 @@ int TextView::barValue(const ScrollPosition &position) const
 void TextView::updateScrollBars()
 {
     const QScopedValueRollback updating(m_updatesBars, true);
+    noteWidths();
     const QSizeF size = m_scroller.size();
     const int value = barValue(scrollPosition());
     const qsizetype last = lineAtY(size.height());
@@ -302,9 +302,7 @@ void TextView::zoom(int steps)
 void TextView::resizeEvent(QResizeEvent *event)
 {
     QAbstractScrollArea::resizeEvent(event);
-    if (m_ruler)
-        m_ruler->setGeometry(viewport()->x() - viewportMargins().left(), viewport()->y(),
-                             viewportMargins().left(), viewport()->height());
+    placeRuler();
     m_scroller.setSize(viewport()->size());
     noteWidths();
     Q_EMIT frameDidChange();
@@ -327,6 +325,12 @@ void TextView::updateRulerWidth()
     const int width = m_ruler && !m_ruler->isHidden() ? m_ruler->sizeHint().width() : 0;
     if (width != viewportMargins().left())
         setViewportMargins(width, 0, 0, 0);
+    placeRuler();
+}
+
+void TextView::placeRuler()
+{
+    const int width = viewportMargins().left();
     if (m_ruler)
         m_ruler->setGeometry(viewport()->x() - width, viewport()->y(), width, viewport()->height());
 }

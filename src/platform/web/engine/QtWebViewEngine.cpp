@@ -179,10 +179,8 @@ void QtWebViewEngine::connectPage()
 
 // Set as soon as the document stands, and once more when its pictures have made it longer, unless
 // the user has scrolled meanwhile.
-void QtWebViewEngine::keepScrollPosition()
+void QtWebViewEngine::scrollWhenReady()
 {
-    if (!m_isLoading)
-        m_scrollPosition = m_page->scrollPosition() / m_page->zoomFactor();
     QWebEngineScript script;
     script.setInjectionPoint(QWebEngineScript::DocumentReady);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
@@ -198,9 +196,14 @@ void QtWebViewEngine::keepScrollPosition()
     m_page->scripts().insert(script);
 }
 
-void QtWebViewEngine::load(const QByteArray &data, const QString &mimeType, const QString &encoding)
+void QtWebViewEngine::load(const QByteArray &data, const QString &mimeType, const QString &encoding,
+                           DocumentScroll scroll)
 {
-    keepScrollPosition();
+    if (scroll == DocumentScroll::Top)
+        m_scrollPosition = {};
+    else if (!m_isLoading)
+        m_scrollPosition = m_page->scrollPosition() / m_page->zoomFactor();
+    scrollWhenReady();
     // Each document has an address of its own, so that none is taken for the one before.
     m_url = QUrl(QStringLiteral("%1:/%2").arg(QLatin1StringView(schemeName)).arg(++m_revision));
     m_handler->setDocument(m_url, data,

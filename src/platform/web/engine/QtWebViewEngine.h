@@ -80,13 +80,14 @@ public:
     ~QtWebViewEngine() override;
 
     QWidget *widget() override { return m_view.get(); }
-    void load(const QByteArray &data, const QString &mimeType, const QString &encoding) override;
+    void load(const QByteArray &data, const QString &mimeType, const QString &encoding,
+              DocumentScroll scroll) override;
     void setZoomFactor(double factor) override { m_page->setZoomFactor(factor); }
 
 private:
     void configureSettings();
     void connectPage();
-    void keepScrollPosition();
+    void scrollWhenReady();
 
     std::unique_ptr<QWebEngineProfile> m_profile; // outlives the page
     std::unique_ptr<QWebEngineView> m_view;
