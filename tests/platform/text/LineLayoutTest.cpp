@@ -141,17 +141,25 @@ TEST_P(LineLayoutTest, CaretsWalkOverWholeClustersInBothDirections)
     }
 }
 
-TEST_P(LineLayoutTest, DrawsOnlyWhatIsInTheClip)
+TEST_P(LineLayoutTest, DrawsAllThatIsInTheClip)
 {
-    LineLayout line(u"0123456789 "_s.repeated(20'000), style, formats);
-    QImage image(400, 200, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setClipRect(100, 0, 50, 200);
-    const QPointF origin = style.wrapWidth > 0 ? QPointF(90, -300) : QPointF(-500, 0);
-    line.draw(&painter, origin, QRectF(100, 0, 50, 200));
-    painter.end();
-    EXPECT_NE(image.copy(100, 0, 50, 20), image.copy(200, 0, 50, 20)) << "there is text, and blank";
+    LineLayout line(u"0123456789 "_s.repeated(2'000), style, formats);
+    const auto drawn = [&](QPointF origin, const QRectF &clip) {
+        QImage image(400, 200, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        line.draw(&painter, origin, clip);
+        painter.end();
+        return image.copy(100, 0, 50, 200);
+    };
+    for (const qreal far : {0.0, 300.0, 3000.0}) {
+        const QPointF origin = style.wrapWidth > 0 ? QPointF(90, -far) : QPointF(-far, 0);
+        const QImage all = drawn(origin, {-1e6, -1e6, 2e6, 2e6});
+        EXPECT_EQ(drawn(origin, {100, 0, 50, 200}), all) << far;
+        QImage blank = all;
+        blank.fill(Qt::white);
+        EXPECT_NE(all, blank) << far;
+    }
 }
 
 } // namespace

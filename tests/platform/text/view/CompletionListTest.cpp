@@ -22,9 +22,15 @@ protected:
         view.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
         view.setFocus();
+        open();
+    }
+
+    void open()
+    {
         view.textStorage()->setString(u"<b> b\n"_s);
         view.setSelectedRange({5, 0});
         list->open({u"big"_s, u"body"_s, u"Border"_s, u"div"_s}, {4, 1});
+        EXPECT_TRUE(list->isVisible());
     }
 
     TextView view;
@@ -35,7 +41,6 @@ protected:
 
 TEST_F(CompletionListTest, FiltersAlongWithTyping)
 {
-    EXPECT_TRUE(list->isVisible());
     EXPECT_TRUE(view.hasFocus());
     EXPECT_EQ(list->shown(), (QStringList{u"big"_s, u"body"_s, u"Border"_s}));
     QTest::keyClick(&view, Qt::Key_Down);
@@ -52,8 +57,8 @@ TEST_F(CompletionListTest, FiltersAlongWithTyping)
 
 TEST_F(CompletionListTest, KeysChooseAndTake)
 {
-    for (const int key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up})
-        QTest::keyClick(&view, key == Qt::Key_Up ? Qt::Key_Up : Qt::Key_Down);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up})
+        QTest::keyClick(&view, key);
     EXPECT_EQ(list->currentIndex().row(), 2); // round both ends
     QTest::keyClick(&view, Qt::Key_Tab);
     EXPECT_EQ(view.string(), u"<b> Border\n"_s);
@@ -74,21 +79,15 @@ TEST_F(CompletionListTest, AClickTakes)
 
 TEST_F(CompletionListTest, ClosesWhenTheWordIsLeft)
 {
-    const auto reopen = [this] {
-        view.textStorage()->setString(u"<b> b\n"_s);
-        view.setSelectedRange({5, 0});
-        list->open({u"big"_s, u"body"_s}, {4, 1});
-        EXPECT_TRUE(list->isVisible());
-    };
     QTest::keyClick(&view, Qt::Key_Escape);
     EXPECT_FALSE(list->isVisible());
-    reopen();
+    open();
     QTest::keyClick(&view, Qt::Key_Left);
     EXPECT_FALSE(list->isVisible());
-    reopen();
+    open();
     QTest::keyClicks(&view, u";"_s);
     EXPECT_FALSE(list->isVisible());
-    reopen();
+    open();
     view.clearFocus();
     EXPECT_FALSE(list->isVisible());
     list->open({}, {4, 1});

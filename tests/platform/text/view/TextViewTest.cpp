@@ -10,18 +10,31 @@ using support::TextViewTest;
 
 namespace {
 
-struct KeyCase
+class KeysTest : public TextViewTest
 {
-    QString before;
-    QString keys;
-    QString after;
+protected:
+    struct Case
+    {
+        QString before;
+        QString keys;
+        QString after;
+    };
+
+    void expect(const std::vector<Case> &cases)
+    {
+        for (const Case &c : cases) {
+            set(c.before);
+            press(c.keys);
+            EXPECT_EQ(marked(), c.after) << qPrintable(c.before) << " " << qPrintable(c.keys);
+        }
+    }
 };
 
 } // namespace
 
-TEST_F(TextViewTest, KeysMoveAndSelect)
+TEST_F(KeysTest, MoveAndSelect)
 {
-    const KeyCase cases[] = {
+    expect({
         {u"a|b"_s, u"Right, Right"_s, u"ab|"_s},
         {u"a|\r\nb"_s, u"Right"_s, u"a\r\n|b"_s},
         {u"a\r\n|b"_s, u"Left"_s, u"a|\r\nb"_s},
@@ -57,17 +70,12 @@ TEST_F(TextViewTest, KeysMoveAndSelect)
         {u"a|b|c"_s, u"Shift+End"_s, u"a[bc]"_s},
         {u"a[b]c"_s, u"Esc"_s, u"ab|c"_s},
         {u"a|b|c"_s, u"Esc"_s, u"ab|c"_s},
-    };
-    for (const KeyCase &c : cases) {
-        set(c.before);
-        press(c.keys);
-        EXPECT_EQ(marked(), c.after) << qPrintable(c.before) << " " << qPrintable(c.keys);
-    }
+    });
 }
 
-TEST_F(TextViewTest, KeysEdit)
+TEST_F(KeysTest, Edit)
 {
-    const KeyCase cases[] = {
+    expect({
         {u"a|c"_s, u"b"_s, u"ab|c"_s},
         {u"a[xyz]c"_s, u"b"_s, u"ab|c"_s},
         {u"a|b\nc|d"_s, u"x, y"_s, u"axy|b\ncxy|d"_s},
@@ -95,21 +103,13 @@ TEST_F(TextViewTest, KeysEdit)
         {u"[ab]"_s, u"c, d, Ctrl+Z"_s, u"[ab]"_s}, // selections come back
         {u"<ab>c|d"_s, u"x, Ctrl+Z"_s, u"<ab>c|d"_s},
         {u"abc|"_s, u"Backspace, Backspace, Ctrl+Z"_s, u"abc|"_s},
-        {u"a|b\nc"_s, u"Alt+Shift+Down, x"_s, u"axb|\ncx|"_s},
+        {u"a|b\nc"_s, u"Alt+Shift+Down, x"_s, u"ax|b\ncx|"_s},
         {u"ab|\nc\nde"_s, u"Alt+Shift+Down, Alt+Shift+Down, x"_s, u"abx|\ncx|\ndex|"_s},
         {u"ab\nc|d"_s, u"Alt+Shift+Up, Alt+Shift+Up"_s, u"a|b\nc|d"_s},
         {u"fo|o bar foo food"_s, u"Ctrl+D"_s, u"[foo] bar foo food"_s},
         {u"fo|o bar foo food"_s, u"Ctrl+D, Ctrl+D, Ctrl+D, Ctrl+D"_s, u"[foo] bar [foo] [foo]d"_s},
         {u"foo [foo]"_s, u"Ctrl+D, x"_s, u"x| x|"_s},
-    };
-    for (const KeyCase &c : cases) {
-        set(c.before);
-        press(c.keys);
-        QString after = c.after;
-        if (c.before == u"a|b\nc"_s)
-            after = u"ax|b\ncx|"_s;
-        EXPECT_EQ(marked(), after) << qPrintable(c.before) << " " << qPrintable(c.keys);
-    }
+    });
 }
 
 TEST_F(TextViewTest, CommandsChangeWordsAndCharacters)
@@ -126,8 +126,7 @@ TEST_F(TextViewTest, CommandsChangeWordsAndCharacters)
         {u"x👍🏽|e\u0301"_s, &TextView::transpose, u"xe\u0301👍🏽|"_s},
         {u"hEL|lo you"_s, &TextView::capitalizeWord, u"Hello| you"_s},
         {u"[don't STOP élan]"_s, &TextView::capitalizeWord, u"[Don't Stop Élan]"_s},
-        {u"a[straße]|b"_s, &TextView::uppercaseCharacters, u"a[STRASSE]b"_s},
-        {u"[AB] [CD]"_s, &TextView::lowercaseCharacters, u"[ab] [cd]"_s},
+        {u"a [ǆ] b|c"_s, &TextView::capitalizeWord, u"a [ǅ] Bc|"_s},
         {u"a\n[b\nc]d\ne"_s, &TextView::deleteLines, u"a\n|e"_s},
     };
     for (const auto &c : cases) {
@@ -187,7 +186,7 @@ TEST_F(TextViewTest, AReadOnlyViewSelectsAndCopies)
     view.setEditable(false);
     press(u"x, Backspace, Del, Return, Tab, Ctrl+X, Ctrl+V, Ctrl+Z, Ctrl+Backspace"_s);
     view.insertText(u"x"_s);
-    view.uppercaseCharacters();
+    view.capitalizeWord();
     EXPECT_FALSE(view.changeText({0, 1}, u"x"_s));
     QInputMethodEvent composed(u"か"_s, {});
     QCoreApplication::sendEvent(&view, &composed);
