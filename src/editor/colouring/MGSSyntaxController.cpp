@@ -1,5 +1,6 @@
 #include "editor/colouring/MGSSyntaxController.h"
 
+#include "editor/colouring/MGSSyntaxDefinition.h"
 #include "kit/ZQBundleExtensions.h"
 #include "platform/Assert.h"
 #include "platform/Log.h"
@@ -155,6 +156,20 @@ std::optional<QVariantMap> MGSSyntaxController::syntaxDictionaryWithName(const Q
 {
     const auto dictionary = dictionaryOfFile(syntaxDefinitionWithName(name).file);
     return dictionary ? dictionary : dictionaryOfFile(standardSyntaxDefinition().file);
+}
+
+std::shared_ptr<const MGSSyntaxDefinition>
+MGSSyntaxController::loadDefinition(const QString &name) const
+{
+    for (const QString &language : {name, standardSyntaxDefinitionName()}) {
+        try {
+            const auto dictionary = syntaxDictionaryWithName(language);
+            return std::make_shared<MGSSyntaxDefinition>(dictionary.value_or(QVariantMap()), name);
+        } catch (const platform::AssertionFailure &failure) {
+            platform::log("The syntax definition %@ is left out: %@", language, failure.text());
+        }
+    }
+    return std::make_shared<MGSSyntaxDefinition>(QVariantMap(), name);
 }
 
 std::optional<QVariantMap> MGSSyntaxController::dictionaryOfFile(const QString &file) const

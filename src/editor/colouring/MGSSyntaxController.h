@@ -1,9 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <QMap>
 #include <QStringList>
 #include <QVariantMap>
+
+class MGSSyntaxDefinition;
 
 /// The register of the syntax definitions that exist, in the program and in the user's application
 /// support folder (docs/syntax-definitions.md). Read once, when it is made; the definitions
@@ -61,6 +64,10 @@ public:
     /// The dictionary of the named definition's file, of the standard one where that has none.
     /// Nullopt when neither can be read; a file that is there and is no dictionary is logged.
     std::optional<QVariantMap> syntaxDictionaryWithName(const QString &name) const;
+
+    /// The definition made from that dictionary, under the name as given; never null. For one with
+    /// values of the wrong type, which is logged, the standard one stands in.
+    std::shared_ptr<const MGSSyntaxDefinition> loadDefinition(const QString &name) const;
 
 private:
     void add(const QVariantList &entries);

@@ -203,12 +203,16 @@ void PaintCanvas::load(TextRange range)
 {
     fill(range, 0);
     store().forEachRun(range, [this](TextRange run, const TextAttributes &attributes) {
-        if (const Byte byte = byteOf(attributes))
-            fill(run, byte);
+        std::optional<Byte> byte = knownByte(attributes);
+        if (!byte)
+            byte = addColour(attributes.value(TextAttribute::ForegroundColor),
+                             attributes.value(TextAttribute::Group));
+        if (*byte != 0)
+            fill(run, *byte);
     });
 }
 
-PaintCanvas::Byte PaintCanvas::byteOf(const TextAttributes &attributes)
+std::optional<PaintCanvas::Byte> PaintCanvas::knownByte(const TextAttributes &attributes)
 {
     const auto seen = m_seen.constFind(attributes.identity());
     if (seen != m_seen.constEnd())
@@ -219,10 +223,10 @@ PaintCanvas::Byte PaintCanvas::byteOf(const TextAttributes &attributes)
         return other.attributes.value(TextAttribute::ForegroundColor) == colour &&
                other.attributes.value(TextAttribute::Group) == group;
     });
-    const Byte byte =
-        known == m_colours.end() ? addColour(colour, group) : Byte(known - m_colours.begin());
+    if (known == m_colours.end())
+        return std::nullopt;
     m_held.push_back(attributes);
-    return m_seen[attributes.identity()] = byte;
+    return m_seen[attributes.identity()] = Byte(known - m_colours.begin());
 }
 
 PaintCanvas::Byte PaintCanvas::addColour(const QVariant &colour, const QVariant &group)
@@ -242,30 +246,30 @@ PaintCanvas::Byte PaintCanvas::addColour(const QVariant &colour, const QVariant 
 }
 
 // From the first to the last character on which canvas and store differ.
-TextRange PaintCanvas::changedRange() const
+TextRange PaintCanvas::changedRange()
 {
-    const auto isEqual = [this](qsizetype index, TextRange *run) {
-        const TextAttributes stored = store().attributes(index, run);
-        const TextAttributes &wanted = m_colours[at(index)].attributes;
-        return std::ranges::all_of(
-            std::array{TextAttribute::ForegroundColor, TextAttribute::Group},
-            [&](TextAttribute key) { return stored.value(key) == wanted.value(key); });
+    const TextRange all = m_kept == m_start ? m_range : m_kept;
+    TextRange changed{all.end(), 0};
+    qsizetype seen = all.location;
+    const auto compare = [&](qsizetype end, const TextAttributes &stored) {
+        const Byte *const first = m_bytes.data() + (seen - m_range.location);
+        const Byte *last = first + (end - seen);
+        const std::optional<Byte> byte = knownByte(stored);
+        const Byte *differs = byte ? skipEqual(first, last, *byte) : first;
+        while (byte && last > differs && last[-1] == *byte)
+            --last;
+        if (differs < last) {
+            const qsizetype start = changed.isEmpty() ? seen + (differs - first) : changed.location;
+            changed = TextRange::between(start, seen + (last - first));
+        }
+        seen = end;
     };
-    TextRange left = m_kept == m_start ? m_range : m_kept;
-    TextRange run;
-    while (!left.isEmpty() && isEqual(left.location, &run)) {
-        const Byte *first = &at(left.location);
-        const Byte *last = first + run.intersected(left).length;
-        left = TextRange::between(left.location + (skipEqual(first, last, *first) - first),
-                                  left.end());
-    }
-    while (!left.isEmpty() && isEqual(left.end() - 1, &run)) {
-        const qsizetype start = run.intersected(left).location;
-        const Byte byte = at(left.end() - 1);
-        while (left.end() > start && at(left.end() - 1) == byte)
-            --left.length;
-    }
-    return left;
+    store().forEachRun(all, [&](TextRange run, const TextAttributes &stored) {
+        compare(run.location, {});
+        compare(run.end(), stored);
+    });
+    compare(all.end(), {});
+    return changed;
 }
 
 void PaintCanvas::flush()

@@ -2,6 +2,7 @@
 
 #include "editor/colouring/SyntaxPaint.h"
 #include "platform/text/LayoutManager.h"
+#include <optional>
 #include <QHash>
 
 /// Paints attributes on a range at once, as colouring does it: a run of one group that the range
@@ -57,9 +58,9 @@ private:
     platform::TextRange effectiveRange(qsizetype index);
     void fill(platform::TextRange range, Byte byte);
     void load(platform::TextRange range);
-    Byte byteOf(const platform::TextAttributes &attributes);
+    std::optional<Byte> knownByte(const platform::TextAttributes &attributes);
     Byte addColour(const QVariant &colour, const QVariant &group);
-    platform::TextRange changedRange() const;
+    platform::TextRange changedRange();
 
     platform::LayoutManager &m_manager;
     const platform::TextRange m_start; ///< The range at first.

@@ -78,9 +78,7 @@ QString SMLSyntaxColouring::syntaxDefinitionName() const
 
 void SMLSyntaxColouring::setSyntaxDefinitionName(const QString &name)
 {
-    const auto dictionary = MGSSyntaxController::sharedInstance().syntaxDictionaryWithName(name);
-    setSyntaxDefinition(
-        std::make_shared<MGSSyntaxDefinition>(dictionary.value_or(QVariantMap()), name));
+    setSyntaxDefinition(MGSSyntaxController::sharedInstance().loadDefinition(name));
 }
 
 bool SMLSyntaxColouring::isSyntaxColouringRequired() const

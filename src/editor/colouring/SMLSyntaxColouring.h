@@ -8,9 +8,7 @@
 #include <QColor>
 #include <QPointer>
 
-class PaintCanvas;
 class SMLSyntaxColouringDelegate;
-class SyntaxPasses;
 class SyntaxPatterns;
 
 /// Colours code lazily: paints temporary attributes on the layout manager, a foreground colour and
@@ -52,8 +50,8 @@ class SMLSyntaxColouring : public QObject
     Q_PROPERTY(bool coloursVariables MEMBER m_coloursVariables NOTIFY coloursChanged)
 
 public:
-    static constexpr qsizetype longestWholeLine = 512 << 10; ///< UTF-16 units.
-    static constexpr qsizetype lineMargin = 64 << 10;        ///< UTF-16 units.
+    static constexpr qsizetype longestWholeLine = 4 << 20; ///< UTF-16 units.
+    static constexpr qsizetype lineMargin = 64 << 10;      ///< UTF-16 units.
     static constexpr int groupCount = 12;
 
     explicit SMLSyntaxColouring(platform::LayoutManager *layoutManager, QObject *parent = nullptr);
@@ -76,8 +74,9 @@ public:
     }
     void setSyntaxDefinition(std::shared_ptr<const MGSSyntaxDefinition> definition);
 
-    /// The definition that the shared register has for the name; a name that it does not know gets
-    /// the standard one, and keeps its name. Null without a definition.
+    /// The definition that the shared register has for the name; a name that it does not know, or
+    /// whose definition cannot be used, gets the standard one, and keeps its name. Null without a
+    /// definition.
     QString syntaxDefinitionName() const;
     void setSyntaxDefinitionName(const QString &name);
     bool isSyntaxColouringRequired() const;

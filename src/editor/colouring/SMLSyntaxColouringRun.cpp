@@ -5,8 +5,6 @@
 #include "platform/Assert.h"
 #include "platform/Log.h"
 
-#include <QScopeGuard>
-
 using platform::LayoutManager;
 using platform::TextAttributes;
 using platform::TextRange;
@@ -92,12 +90,6 @@ struct SMLSyntaxColouring::Run
                colouring.m_layoutManager && colouring.m_definition == definition;
     }
 
-    void flush()
-    {
-        if (isIntact())
-            canvas.flush();
-    }
-
     /// Calls one of the delegate's operations, which sees and may change what is painted so far.
     template <class Result>
     Result ask(Result (Delegate::*operation)(const Delegate::Context &, TextRange,
@@ -108,10 +100,6 @@ struct SMLSyntaxColouring::Run
             colouring.setColour(attributes, part);
             return true;
         };
-        const auto end = qScopeGuard([this] {
-            if (isIntact())
-                canvas.reload();
-        });
         canvas.flush();
         const Delegate::Context context{colouring.m_fragaria, block, *storage};
         if constexpr (std::is_void_v<Result>) {
@@ -124,11 +112,12 @@ struct SMLSyntaxColouring::Run
         }
     }
 
-    void goOn() const
+    void goOn()
     {
         if (!isIntact())
             throw platform::Exception(QStringLiteral("Colouring"),
                                       QStringLiteral("the text was changed while it was coloured"));
+        canvas.reload();
     }
 
     SMLSyntaxColouring &colouring;
@@ -155,10 +144,10 @@ void SMLSyntaxColouring::colour(TextRange working, TextRange kept, TextRange ran
             if (m_delegate)
                 run.ask(&SMLSyntaxColouringDelegate::fragariaDocumentDidColour, range, info);
         }
+        run.canvas.flush();
     } catch (const std::exception &exception) {
         platform::log("Syntax colouring exception: %@", exception.what());
     }
-    run.flush();
 }
 
 void SMLSyntaxColouring::colourGroupWithIdentifier(int identifier, Run &run)

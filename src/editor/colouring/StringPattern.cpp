@@ -49,8 +49,10 @@ std::vector<TextRange> StringPattern::matches(QStringView text)
     std::vector<TextRange> ranges;
     if (!m_expression)
         return ranges;
-    for (const QStringView match : m_expression->matches(text))
-        ranges.push_back({match.utf16() - text.utf16(), match.size()});
+    for (const QStringView match : m_expression->matches(text)) {
+        if (!match.isEmpty())
+            ranges.push_back({match.utf16() - text.utf16(), match.size()});
+    }
     return ranges;
 }
 

@@ -17,7 +17,7 @@ enum class SyntaxPaint : quint8 {
     Numbers,
 };
 
-inline constexpr size_t syntaxPaintCount = 10;
+inline constexpr size_t syntaxPaintCount = size_t(SyntaxPaint::Numbers) + 1;
 
 /// Colour and group for each paint; the one of `None` is empty.
 using SyntaxPaints = std::array<platform::TextAttributes, syntaxPaintCount>;

@@ -1,6 +1,7 @@
 #include "editor/colouring/SyntaxScanner.h"
 
 #include "platform/Log.h"
+#include "platform/text/TextBlock.h"
 
 #include <algorithm>
 
@@ -11,9 +12,9 @@ namespace {
 
 bool isLineEnd(char16_t unit)
 {
-    if (unit > u'\r' && unit < 0x80)
+    if (unit > u'\r' && unit < 0x80) // most are
         return false;
-    return unit == u'\n' || unit == u'\r' || unit == 0x85 || unit == 0x2028 || unit == 0x2029;
+    return platform::endsLine(unit);
 }
 
 } // namespace

@@ -344,6 +344,32 @@ TEST_F(SyntaxColouring, WhatDelegatesThrowIsLogged)
     EXPECT_EQ(groups(), "n.kk.n");
 }
 
+TEST_F(SyntaxColouring, WhatDelegatesPaintStaysHoweverMuchItIs)
+{
+    Delegate delegate;
+    colouring.setSyntaxColouringDelegate(&delegate);
+    set(u"x"_s.repeated(400));
+    delegate.act = [](const Delegate::Context &context, const QString &group) {
+        for (qsizetype i = 0; group.isNull() && i < 400; ++i)
+            context.block({{TextAttribute::Group, QString::number(i)}}, {i, 1});
+    };
+    const support::LogCapture log;
+    colourAll();
+    EXPECT_TRUE(log.contains(u"more than 255 colours"_s));
+    EXPECT_EQ(colouring.syntaxColouringGroupOfCharacterAtIndex(0), u"0"_s);
+    EXPECT_EQ(colouring.syntaxColouringGroupOfCharacterAtIndex(399), u"399"_s);
+}
+
+TEST_F(SyntaxColouring, ADelimiterThatMatchesNothingIsNoString)
+{
+    define({{u"firstString"_s, u"|"_s}, {u"firstSingleLineComment"_s, u"//"_s}});
+    set(u"a| //"_s);
+    const support::LogCapture log;
+    colourAll();
+    EXPECT_EQ(groups(), "...cc");
+    EXPECT_TRUE(log.lines().isEmpty());
+}
+
 TEST_F(SyntaxColouring, DelegatesThatEditEndTheColouring)
 {
     Delegate delegate;

@@ -14,8 +14,10 @@ std::vector<TextRange> matchesOf(const QString &pattern, const QString &text)
 {
     std::vector<TextRange> ranges;
     const QStringView view = text;
-    for (const QStringView match : platform::RegularExpression::compile(pattern)->matches(view))
-        ranges.push_back({match.utf16() - view.utf16(), match.size()});
+    for (const QStringView match : platform::RegularExpression::compile(pattern)->matches(view)) {
+        if (!match.isEmpty())
+            ranges.push_back({match.utf16() - view.utf16(), match.size()});
+    }
     return ranges;
 }
 
@@ -51,7 +53,7 @@ TEST(StringPattern, FindsWhatItsPatternFinds)
                                QString(QChar(0))};
     std::mt19937 random(1);
     for (const QString &delimiter :
-         {u"\""_s, u"'"_s, u"a"_s, u" "_s, u"="_s, u"\""_s + u"'"_s, u"['\"]"_s, u"."_s}) {
+         {u"\""_s, u"'"_s, u"a"_s, u" "_s, u"="_s, u"\""_s + u"'"_s, u"['\"]"_s, u"."_s, u"|"_s}) {
         for (const auto lines : {One, BehindBackslash, Many}) {
             StringPattern pattern(delimiter, lines);
             for (int i = 0; i < 1500; ++i) {

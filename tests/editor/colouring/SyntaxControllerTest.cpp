@@ -1,5 +1,6 @@
 #include "editor/colouring/MGSSyntaxController.h"
 
+#include "editor/colouring/MGSSyntaxDefinition.h"
 #include "platform/Assert.h"
 #include "platform/PropertyList.h"
 #include "support/TestSupport.h"
@@ -176,4 +177,23 @@ TEST_F(SyntaxController, TheFirstLineSuggestsAnExtension)
         EXPECT_EQ(MGSSyntaxController::guessSyntaxDefinitionExtensionFromFirstLine(row.line),
                   row.extension)
             << row.line.toStdString();
+}
+
+TEST_F(SyntaxController, TheStandardDefinitionStandsInForOneThatCannotBeUsed)
+{
+    writeLists({}, {entry(u"Mine"_s, u"mine"_s), entry(u"Broken"_s, u"broken"_s)});
+    write(u"resources/Syntax Definitions/standard.plist"_s, marked(u"standard"_s));
+    write(u"support/mine.plist"_s, marked(u"mine"_s));
+    write(u"support/broken.plist"_s, QVariantMap{{u"keywords"_s, 5}});
+    const auto definitions = controller();
+    EXPECT_EQ(definitions.loadDefinition(u"mine"_s)->firstString(), u"mine"_s);
+    {
+        const support::LogCapture log;
+        const auto standIn = definitions.loadDefinition(u"Broken"_s);
+        EXPECT_EQ(standIn->firstString(), u"standard"_s);
+        EXPECT_EQ(standIn->name(), u"Broken"_s);
+        EXPECT_TRUE(log.contains(u"The syntax definition Broken is left out: NSArray expected"_s));
+    }
+    write(u"resources/Syntax Definitions/standard.plist"_s, QVariantMap{{u"firstString"_s, 5}});
+    EXPECT_EQ(definitions.loadDefinition(u"Broken"_s)->name(), u"Broken"_s);
 }
