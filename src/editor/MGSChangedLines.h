@@ -2,28 +2,30 @@
 
 #include "platform/text/TemporaryAttributes.h"
 #include "platform/text/TextStorage.h"
-#include <QPointer>
 
-/// Remembers which lines of a text were edited since it was last saved. The marks move with later
-/// edits; each edit costs O(log marks). Follows the storage, which it borrows and may outlive. Main
-/// thread.
+/// Remembers which lines of a text were edited since it was last saved, which the text's undo
+/// history knows (TextUndo::markClean): being saved takes all marks away, and so does going back to
+/// the saved text by undo or redo. The marks move with later edits; each edit costs O(log marks).
+/// Belongs to its storage and is found by it. Main thread.
 class MGSChangedLines : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit MGSChangedLines(platform::TextStorage *text, QObject *parent = nullptr);
+    /// Made at the first call, without marks.
+    static MGSChangedLines &of(platform::TextStorage *text);
 
-    bool isChanged(qsizetype line) const; ///< Zero-based, existing.
-    void forget();                        ///< The text is saved now.
+    bool isChanged(qsizetype line) const; ///< Zero-based, existing. Lost lines mark the next one.
 
 Q_SIGNALS:
-    void didChange();
+    void didForget(); ///< All marks are gone.
 
 private:
+    explicit MGSChangedLines(platform::TextStorage *text);
     void textDidChange(platform::TextRange range, qsizetype changeInLength);
+    void forget();
 
-    QPointer<platform::TextStorage> m_text;
+    platform::TextStorage *m_text;
     platform::TemporaryAttributes m_marks;
     bool m_isLastLineChanged = false; ///< It may be empty, with no character to mark.
 };

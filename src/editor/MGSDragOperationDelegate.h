@@ -18,7 +18,13 @@ public:
     /// True: handled.
     virtual bool draggingEntered(QDragEnterEvent *) { return false; }
     virtual bool draggingUpdated(QDragMoveEvent *) { return false; }
-    virtual bool draggingExited(QDragLeaveEvent *) { return false; }
+    virtual void draggingExited(QDragLeaveEvent *) {}
+
+    /// Whether updates come while the drag stands still, too. Asked at each.
+    virtual bool wantsPeriodicDraggingUpdates() { return false; }
+
+    /// After a drag that is accepted has entered: what it carries may be looked at.
+    virtual void updateDraggingItemsForDrag(QDragEnterEvent *) {}
 
     /// In this order for a drop. A false answer to one of the first two ends it there.
     virtual std::optional<bool> prepareForDragOperation(QDropEvent *) { return std::nullopt; }

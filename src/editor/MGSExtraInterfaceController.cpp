@@ -1,9 +1,11 @@
 #include "editor/MGSExtraInterfaceController.h"
 
+#include "editor/MGSColourValues.h"
 #include "editor/SMLTextView.h"
 #include "kit/ui/TargetAction.h"
 #include "platform/Bundle.h"
 
+#include <QColorDialog>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -32,13 +34,15 @@ struct Item
 {
     const char *title; ///< Null: a separator.
     const char *action;
+    const char *keys = nullptr; ///< While the text view has the focus.
 };
 
 constexpr Item items[] = {
     {localizable("Shift Left"), "shiftLeft"},
     {localizable("Shift Right"), "shiftRight"},
-    {localizable("Comment or Uncomment"), "commentOrUncomment"},
+    {localizable("Comment or Uncomment"), "commentOrUncomment", "Ctrl+/"},
     {localizable("Close Tag"), "closeTag"},
+    {localizable("Change Color…"), "changeColour"},
     {nullptr, nullptr},
     {localizable("Make Uppercase"), "uppercaseCharacters"},
     {localizable("Make Lowercase"), "lowercaseCharacters"},
@@ -50,7 +54,8 @@ constexpr Item items[] = {
     {localizable("Remove Line Endings"), "removeLineEndings"},
     {localizable("Prepare for XML"), "prepareForXML"},
     {nullptr, nullptr},
-    {localizable("Go to Line…"), "goToLine"},
+    {localizable("Fold or Unfold"), "toggleFold", "F9"},
+    {localizable("Go to Line…"), "goToLine", "Ctrl+G"},
 };
 
 constexpr int widestTab = 100;
@@ -65,15 +70,20 @@ MGSExtraInterfaceController::~MGSExtraInterfaceController()
 QMenu *MGSExtraInterfaceController::contextMenu()
 {
     if (m_contextMenu)
-        return m_contextMenu.get();
-    m_contextMenu = std::make_unique<QMenu>();
+        return m_contextMenu;
+    m_contextMenu = new QMenu(localized("Code"), m_textView);
     for (const Item &item : items) {
         QAction *action = m_contextMenu->addAction(item.title ? localized(item.title) : QString());
         action->setSeparator(!item.title);
         if (item.action)
             zq::setTargetAndAction(action, m_textView, QString::fromLatin1(item.action));
+        if (item.keys) {
+            action->setShortcut(QKeySequence(QLatin1StringView(item.keys)));
+            action->setShortcutContext(Qt::WidgetShortcut);
+            m_textView->addAction(action);
+        }
     }
-    return m_contextMenu.get();
+    return m_contextMenu;
 }
 
 void MGSExtraInterfaceController::showEntab()
@@ -102,6 +112,21 @@ void MGSExtraInterfaceController::showGoToLine()
           1, int(text.lineCount()), int(line), [this](int number) {
               m_textView->performGoToLine(number, true);
           }});
+}
+
+void MGSExtraInterfaceController::showColours(const MGSColourValue &value)
+{
+    delete m_sheet;
+    auto *dialog = new QColorDialog(value.colour, m_textView->window());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setObjectName(QStringLiteral("SMLChangeColour"));
+    dialog->setWindowTitle(localized("Change Color"));
+    dialog->setOption(QColorDialog::ShowAlphaChannel);
+    QObject::connect(
+        dialog, &QColorDialog::colorSelected, m_textView,
+        [this, value](const QColor &colour) { m_textView->performChangeColour(value, colour); });
+    m_sheet = dialog;
+    dialog->open();
 }
 
 void MGSExtraInterfaceController::show(const Sheet &sheet)

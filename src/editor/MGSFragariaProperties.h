@@ -8,7 +8,9 @@
 ///
 /// the second where the owner has other names for it, the third where it is a property of the owner
 /// without getter and setter. The view keeps none of these values. Widths
-/// of the gutter are pixels, those of the text characters, delays seconds.
+/// of the gutter are pixels, those of the text characters, delays seconds. Four extras are off at
+/// first and not in the catalogue: showsTagPartners, showsColourSwatches, foldsLines,
+/// marksChangedLines.
 #define MGS_FRAGARIA_PROPERTIES(X, Y, P)                                                           \
     Y(QString, string, String, textView, string, reloadString)                                     \
     X(double, autoCompleteDelay, AutoCompleteDelay, textView)                                      \
@@ -37,6 +39,9 @@
     X(QFont, textFont, TextFont, textView)                                                         \
     X(double, lineHeightMultiple, LineHeightMultiple, textView)                                    \
     X(QColor, insertionPointColor, InsertionPointColor, textView)                                  \
+    X(bool, showsTagPartners, ShowsTagPartners, textView)                                          \
+    X(bool, showsColourSwatches, ShowsColourSwatches, textView)                                    \
+    X(bool, foldsLines, FoldsLines, textView)                                                      \
                                                                                                    \
     X(QString, syntaxDefinitionName, SyntaxDefinitionName, syntaxColouring)                        \
     X(bool, coloursMultiLineStrings, ColoursMultiLineStrings, syntaxColouring)                     \
@@ -67,6 +72,8 @@
     Y(QColor, gutterTextColour, GutterTextColour, gutterView, textColor, setTextColor)             \
     Y(QColor, gutterBackgroundColour, GutterBackgroundColour, gutterView, backgroundColor,         \
       setBackgroundColor)                                                                          \
+                                                                                                   \
+    X(bool, marksChangedLines, MarksChangedLines, gutterView)                                      \
                                                                                                    \
     X(bool, showsSyntaxErrors, ShowsSyntaxErrors, syntaxErrorController)                           \
     X(bool, showsIndividualErrors, ShowsIndividualErrors, syntaxErrorController)                   \

@@ -29,6 +29,7 @@ void MGSFragariaView::setupView()
     column->addWidget(m_findBar);
     setFocusProxy(m_textView);
     m_gutterView = new MGSLineNumberView(m_textView, this);
+    m_gutterView->setFolding(m_textView->folding());
     syntaxColouring()->setSyntaxDefinitionName(MGSSyntaxController::standardSyntaxDefinitionName());
     syntaxColouring()->setFragaria(this);
     setHasVerticalScroller(true);

@@ -1,6 +1,8 @@
 #include "editor/MGSLineNumberView.h"
 
 #include "editor/MGSBreakpointDelegate.h"
+#include "editor/MGSChangedLines.h"
+#include "editor/MGSFolding.h"
 #include "editor/MGSFont.h"
 #include "editor/MGSTextStorageExtensions.h"
 #include "platform/Assert.h"
@@ -18,6 +20,7 @@ using platform::TextStorage;
 namespace {
 
 constexpr qreal numberMargin = 5; // pixels right of the numbers
+constexpr qreal foldMarkWidth = 12;
 
 QColor defaultBreakpointColour()
 {
@@ -46,6 +49,8 @@ MGSLineNumberView::MGSLineNumberView(platform::TextView *textView, MGSFragariaVi
 void MGSLineNumberView::layoutManagerWillChangeTextStorage()
 {
     m_textView->textStorage()->disconnect(this);
+    if (m_changedLines)
+        m_changedLines->disconnect(this);
 }
 
 void MGSLineNumberView::layoutManagerDidChangeTextStorage()
@@ -53,6 +58,7 @@ void MGSLineNumberView::layoutManagerDidChangeTextStorage()
     m_lastLineCount = lineCount();
     connect(m_textView->textStorage(), &TextStorage::didProcessEditing, this,
             &MGSLineNumberView::textStorageDidProcessEditing);
+    setMarksChangedLines(m_marksChangedLines);
     updateThickness();
 }
 
@@ -68,7 +74,23 @@ void MGSLineNumberView::textStorageDidProcessEditing(TextRange range, qsizetype 
         m_breakpointDelegate->fixBreakpointsOfAddedLines(delta, {first + 1, count}, m_fragaria);
         reloadBreakpointData();
     }
-    updateThickness();
+    if (delta != 0)
+        updateThickness();
+    else if (m_changedLines)
+        updateLines(range);
+}
+
+// When lines change their height the text view has all of the gutter painted.
+void MGSLineNumberView::updateLines(TextRange range)
+{
+    const TextStorage &text = *m_textView->textStorage();
+    const QRectF first = m_textView->rectOfLine(text.lineAt(range.location));
+    const QRectF last = m_textView->rectOfLine(text.lineAt(range.end()));
+    if (first.isNull() || last.isNull())
+        return update();
+    const QRectF lines(0, first.top() + m_textView->viewport()->y() - y(), width(),
+                       last.bottom() - first.top());
+    update(lines.toAlignedRect());
 }
 
 void MGSLineNumberView::setBreakpointDelegate(MGSBreakpointDelegate *delegate)
@@ -141,6 +163,23 @@ void MGSLineNumberView::setShowsLineNumbers(bool shows)
     updateThickness();
 }
 
+void MGSLineNumberView::setMarksChangedLines(bool marks)
+{
+    if (m_changedLines)
+        m_changedLines->disconnect(this);
+    m_marksChangedLines = marks;
+    m_changedLines = marks ? &MGSChangedLines::of(m_textView->textStorage()) : nullptr;
+    if (marks)
+        connect(m_changedLines, &MGSChangedLines::didForget, this, qOverload<>(&QWidget::update));
+    update();
+}
+
+void MGSLineNumberView::setFolding(MGSFolding *folding)
+{
+    m_folding = folding;
+    connect(folding, &MGSFolding::didChange, this, &MGSLineNumberView::updateThickness);
+}
+
 void MGSLineNumberView::setDecorations(const Decorations &decorations)
 {
     m_decorations = decorations;
@@ -185,7 +224,8 @@ double MGSLineNumberView::requiredThickness() const
     const qsizetype digits = QString::number(lastNumber).size();
     const qreal numbers =
         m_showsLineNumbers ? qreal(digits) * m_maxDigitWidthOfCurrentFont + numberMargin : 0;
-    return std::ceil(qMax(numbers + decorationColumnWidth() + numberMargin, m_minimumWidth));
+    return std::ceil(
+        qMax(numbers + foldColumnWidth() + decorationColumnWidth() + numberMargin, m_minimumWidth));
 }
 
 double MGSLineNumberView::decorationColumnWidth() const
@@ -241,6 +281,22 @@ QRectF MGSLineNumberView::decorationRectOfLine(qsizetype row) const
     return QRectF(corner, size).toAlignedRect();
 }
 
+qreal MGSLineNumberView::foldColumnWidth() const
+{
+    return m_folding && m_folding->isEnabled() ? foldMarkWidth : 0;
+}
+
+QRectF MGSLineNumberView::foldRectOfLine(qsizetype row) const
+{
+    if (foldColumnWidth() == 0 || !m_folding->canFold(row))
+        return {};
+    const QRectF line = wholeLineRectForLine(row);
+    if (line.isNull())
+        return {};
+    return {line.right() - numberMargin - foldMarkWidth + 2, line.top(), foldMarkWidth,
+            line.height()};
+}
+
 MGSLineNumberView::Hit MGSLineNumberView::testHit(QPointF point) const
 {
     if (!QRectF(rect()).contains(point))
@@ -249,6 +305,9 @@ MGSLineNumberView::Hit MGSLineNumberView::testHit(QPointF point) const
     const QRectF decoration = decorationRectOfLine(row);
     if (decoration.contains(point))
         return {row, HitKind::Decoration, decoration};
+    const QRectF fold = foldRectOfLine(row);
+    if (fold.contains(point))
+        return {row, HitKind::Fold, fold};
     return {row, HitKind::Line, wholeLineRectForLine(row)};
 }
 
@@ -257,6 +316,8 @@ void MGSLineNumberView::mousePressEvent(QMouseEvent *event)
     m_mouseDown = event->button() == Qt::LeftButton ? testHit(event->position()) : Hit();
     if (m_mouseDown.kind == HitKind::Line)
         breakpointClickedOnLine(m_mouseDown.row + 1);
+    else if (m_mouseDown.kind == HitKind::Fold)
+        m_folding->toggle(m_mouseDown.row);
 }
 
 void MGSLineNumberView::mouseReleaseEvent(QMouseEvent *event)

@@ -4,11 +4,15 @@
 #include <QPixmap>
 
 class MGSBreakpointDelegate;
+class MGSChangedLines;
+class MGSFolding;
 class MGSFragariaView;
 
 /// The gutter: the text view's ruler, with the numbers of the lines in sight, a marker for each
-/// line with a breakpoint, and decorations (small pictures) on lines. Rows are zero-based; lines,
-/// as delegates and decorations count them, one-based. Places are pixels in the gutter.
+/// line with a breakpoint, decorations (small pictures) on lines, and, if asked to, a bar beside
+/// lines that have changed since the text was saved and marks that fold lines away. Rows are
+/// zero-based; lines, as delegates and decorations count them, one-based. Places are pixels in the
+/// gutter.
 ///
 /// Owned by the text view, which it borrows; main thread.
 class MGSLineNumberView : public QWidget
@@ -39,6 +43,9 @@ public:
     void setStartingLineNumber(int number);
     bool showsLineNumbers() const { return m_showsLineNumbers; }
     void setShowsLineNumbers(bool shows);
+    bool marksChangedLines() const { return m_marksChangedLines; } ///< See MGSChangedLines.h; off.
+    void setMarksChangedLines(bool marks);
+    void setFolding(MGSFolding *folding); ///< Of the text view, which owns it, or null.
 
     const Decorations &decorations() const { return m_decorations; }
     void setDecorations(const Decorations &decorations);
@@ -54,8 +61,9 @@ public:
     qsizetype lineNumberForLocation(qreal y) const;   ///< The nearest row.
     QRectF wholeLineRectForLine(qsizetype row) const; ///< Null out of sight.
     QRectF decorationRectOfLine(qsizetype row) const; ///< Null without one, and out of sight.
+    QRectF foldRectOfLine(qsizetype row) const;       ///< The same.
 
-    enum class HitKind { Outside = -1, Line = 0, Decoration = 1 };
+    enum class HitKind { Outside = -1, Line = 0, Decoration = 1, Fold = 2 };
     struct Hit
     {
         qsizetype row = platform::NotFound;
@@ -81,12 +89,16 @@ private:
     void updateThickness();
     void updateDigitWidthCache();
     void textStorageDidProcessEditing(platform::TextRange range, qsizetype changeInLength);
+    void updateLines(platform::TextRange range);
     void breakpointClickedOnLine(qsizetype line);
     QSizeF decorationSize(const QPixmap &decoration, qreal lineHeight) const;
     qreal decorationInset(qreal lineHeight) const;
 
     void drawBackground(QPainter *painter) const;
     void drawRow(QPainter *painter, qsizetype row, const QRectF &rect);
+    qreal foldColumnWidth() const;
+    void drawFoldMark(QPainter *painter, qsizetype row) const;
+    void drawChangeBar(QPainter *painter, qsizetype row) const;
     void drawMarker(QPainter *painter, const QRectF &rect, const QColor &colour);
     void drawLineNumber(QPainter *painter, qsizetype row, const QRectF &rect,
                         const QColor &colour) const;
@@ -99,6 +111,9 @@ private:
     double m_minimumWidth = 40;
     int m_startingLineNumber = 1;
     bool m_showsLineNumbers = true;
+    bool m_marksChangedLines = false;
+    QPointer<MGSChangedLines> m_changedLines; ///< Those of the text; null if they are not marked.
+    QPointer<MGSFolding> m_folding;
     Decorations m_decorations;
     QPointer<QObject> m_decorationActionTarget;
     QByteArray m_decorationActionSelector;

@@ -1,4 +1,6 @@
 // How the gutter looks.
+#include "editor/MGSChangedLines.h"
+#include "editor/MGSFolding.h"
 #include "editor/MGSLineNumberView.h"
 
 #include <cmath>
@@ -10,6 +12,7 @@ namespace {
 
 constexpr qreal numberMargin = 5; // pixels right of the numbers
 constexpr qreal dividerDarkening = 0.3933333333333333;
+constexpr qreal changeBarWidth = 3;
 constexpr qreal markerSlant = 2.6; // the tip of a marker is the height by this long
 
 QColor blended(const QColor &colour, qreal fraction, const QColor &other)
@@ -43,7 +46,8 @@ void MGSLineNumberView::paintEvent(QPaintEvent *event)
     painter.setClipRect(event->rect());
     drawBackground(&painter);
     const qsizetype rows = lineCount();
-    for (qsizetype row = lineNumberForLocation(event->rect().top()); row < rows; ++row) {
+    for (qsizetype row = lineNumberForLocation(event->rect().top()); row < rows;
+         row = m_textView->lineAfter(row)) {
         const QRectF rect = wholeLineRectForLine(row);
         if (rect.isNull() || rect.top() > event->rect().bottom())
             break;
@@ -78,11 +82,38 @@ void MGSLineNumberView::drawRow(QPainter *painter, qsizetype row, const QRectF &
     }
     if (m_showsLineNumbers)
         drawLineNumber(painter, row, rect, colour);
+    drawFoldMark(painter, row);
+    if (m_changedLines && m_changedLines->isChanged(row))
+        drawChangeBar(painter, row);
     const QRectF decoration = decorationRectOfLine(row);
     if (!decoration.isNull()) {
         painter->setRenderHint(QPainter::SmoothPixmapTransform);
         painter->drawPixmap(decoration.toRect(), m_decorations[row + 1]);
     }
+}
+
+// Points down at what can be folded, to the right at what is.
+void MGSLineNumberView::drawFoldMark(QPainter *painter, qsizetype row) const
+{
+    const QRectF place = foldRectOfLine(row);
+    if (place.isNull())
+        return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->translate(place.center());
+    painter->rotate(m_folding->isFolded(row) ? -90 : 0);
+    painter->setPen(QPen(m_textColor, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(QPolygonF({{-3.5, -1.75}, {0, 1.75}, {3.5, -1.75}}));
+    painter->restore();
+}
+
+// Beside all rows of a wrapped line.
+void MGSLineNumberView::drawChangeBar(QPainter *painter, qsizetype row) const
+{
+    const QRectF line = m_textView->rectOfLine(row);
+    const qreal top = line.top() + m_textView->viewport()->y() - y();
+    const QRectF bar(width() - changeBarWidth, top, changeBarWidth, line.height());
+    painter->fillRect(bar, palette().color(QPalette::Link));
 }
 
 void MGSLineNumberView::drawMarker(QPainter *painter, const QRectF &rect, const QColor &colour)
@@ -101,6 +132,8 @@ void MGSLineNumberView::drawLineNumber(QPainter *painter, qsizetype row, const Q
     const qreal baseline = rect.top() + m_textView->layoutManager()->style().baseline;
     painter->setFont(font());
     painter->setPen(colour);
-    painter->drawText(QPointF(width() - numberMargin - metrics.horizontalAdvance(number), baseline),
-                      number);
+    painter->drawText(
+        QPointF(width() - numberMargin - foldColumnWidth() - metrics.horizontalAdvance(number),
+                baseline),
+        number);
 }

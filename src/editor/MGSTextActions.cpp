@@ -14,7 +14,7 @@ namespace mgs {
 
 namespace {
 
-constexpr qsizetype shortBlock = 128; // every line is edited, and short blocks change fast
+constexpr qsizetype shortBlock = 128; // every line is looked up and edited: fast in short blocks
 
 /// The text after the block has had each of its lines.
 QString editLines(const QString &text, const MGSMutableSubstringBlock &block)
@@ -23,6 +23,17 @@ QString editLines(const QString &text, const MGSMutableSubstringBlock &block)
     lines.setString(text);
     enumerateMutableSubstringsOfLines(lines, block);
     return lines.string();
+}
+
+/// For what makes lines anew: the text of what the function gives for each.
+QString mapLines(const QString &text, const std::function<QString(const QString &)> &function)
+{
+    TextStorage lines(shortBlock);
+    lines.setString(text);
+    QString result;
+    enumerateMutableSubstringsOfLines(
+        lines, [&](const MGSMutableSubstring &line, bool &) { result += function(line.string()); });
+    return result;
 }
 
 QString entabbedLine(const QString &line, qsizetype numberOfSpaces)
@@ -110,23 +121,21 @@ QString entabbed(const QString &text, qsizetype numberOfSpaces)
 {
     if (numberOfSpaces <= 0)
         return text;
-    return editLines(text, [&](MGSMutableSubstring &line, bool &) {
-        line.setString(entabbedLine(line.string(), numberOfSpaces));
-    });
+    return mapLines(text, [&](const QString &line) { return entabbedLine(line, numberOfSpaces); });
 }
 
 QString detabbed(const QString &text, qsizetype numberOfSpaces)
 {
-    return editLines(text, [&](MGSMutableSubstring &line, bool &) {
+    return mapLines(text, [&](const QString &line) {
         QString result;
-        for (const QChar character : line.string()) {
+        for (const QChar character : line) {
             if (character != u'\t')
                 result += character;
             else if (numberOfSpaces > 0)
                 result.resize(result.size() + numberOfSpaces - result.size() % numberOfSpaces,
                               u' ');
         }
-        line.setString(result);
+        return result;
     });
 }
 

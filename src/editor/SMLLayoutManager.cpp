@@ -13,7 +13,6 @@ using platform::TextRange;
 
 namespace {
 
-constexpr int errorUnderline = 0b1111;
 constexpr qreal errorStep = 3; // pixels from point to point of the zigzag
 constexpr qreal errorAmplitude = 3;
 constexpr qreal errorWavelength = 6;
@@ -129,8 +128,7 @@ void SMLLayoutManager::drawInvisibleCharacters(QPainter *painter, qsizetype line
     const auto first = qBound(qsizetype(0), qsizetype(inLine.top() / height), rows - 1);
     for (qsizetype row = first; row < rows && qreal(row) * height < inLine.bottom(); ++row) {
         const TextRange part = visiblePart(layout, row, (qreal(row) + 0.5) * height, inLine);
-        const QString text =
-            textStorage()->substring({contents.location + part.location, part.length});
+        const QString text = textStorage()->substring(part.movedBy(contents.location));
         for (qsizetype i = 0; i < text.size(); ++i) {
             if (text[i] == u'\t' || text[i] == u' ')
                 drawSign(painter, text[i] == u'\t' ? Tab : Space,
@@ -164,11 +162,9 @@ void SMLLayoutManager::drawErrorUnderlines(QPainter *painter, qsizetype line, QP
                                       : TextRange::between(contents.location + qMin(start, end),
                                                            contents.location + qMax(start, end));
     temporaryAttributes().forEachRun(visible, [&](TextRange run, const TextAttributes &attributes) {
-        const int underline = attributes.value(TextAttribute::UnderlineStyle).toInt();
-        if ((underline & errorUnderline) != errorUnderline)
+        if (!platform::isErrorUnderline(attributes.value(TextAttribute::UnderlineStyle).toInt()))
             return;
-        const TextRange offsets{run.location - contents.location, run.length};
-        for (const QRectF &rect : layout.rectsOf(offsets, inLine)) {
+        for (const QRectF &rect : layout.rectsOf(run.movedBy(-contents.location), inLine)) {
             painter->save();
             painter->translate(origin);
             painter->setPen(Qt::red);

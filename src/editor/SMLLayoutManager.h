@@ -20,7 +20,7 @@ struct MGSAttributedString
 };
 
 /// Shows the invisible characters (tabs, blanks, line ends) when asked to, and underlines errors
-/// with a red zigzag: text whose `UnderlineStyle` has its four low bits set. Main thread.
+/// with a red zigzag (platform::isErrorUnderline). Main thread.
 class SMLLayoutManager : public platform::LayoutManager
 {
     Q_OBJECT

@@ -1,12 +1,16 @@
 // The commands on selected lines and ranges.
 #include "editor/colouring/MGSSyntaxDefinition.h"
 #include "editor/colouring/SMLSyntaxColouring.h"
+#include "editor/MGSColourSwatches.h"
 #include "editor/MGSExtraInterfaceController.h"
+#include "editor/MGSFolding.h"
 #include "editor/MGSMutableSubstring.h"
 #include "editor/MGSTextActions.h"
 #include "editor/SMLTextView.h"
 #include "editor/SMLUndoGroup.h"
 #include "kit/ui/TargetAction.h"
+
+#include <span>
 
 using platform::TextRange;
 using platform::TextStorage;
@@ -25,12 +29,24 @@ constexpr QLatin1StringView commandsOnSelections[] = {
     QLatin1StringView("removeLineEndings"),
 };
 
+/// Commands that edit wherever the caret is.
+constexpr QLatin1StringView commandsThatEdit[] = {
+    QLatin1StringView("shiftLeft"), QLatin1StringView("shiftRight"),
+    QLatin1StringView("closeTag"),  QLatin1StringView("prepareForXML"),
+    QLatin1StringView("transpose"), QLatin1StringView("commentOrUncomment"),
+};
+
 /// Code stays what was typed, and runs from left to right.
 constexpr QLatin1StringView commandsNeverEnabled[] = {
     QLatin1StringView("toggleAutomaticDashSubstitution"),
     QLatin1StringView("toggleAutomaticQuoteSubstitution"),
     QLatin1StringView("changeLayoutOrientation"),
 };
+
+bool isOneOf(std::span<const QLatin1StringView> commands, const QString &command)
+{
+    return std::ranges::find(commands, command) != commands.end();
+}
 
 /// The token that comments a line out; null where the language has none.
 QString commentToken(const SMLSyntaxColouring &colouring)
@@ -45,12 +61,18 @@ QString commentToken(const SMLSyntaxColouring &colouring)
 bool SMLTextView::validateMenuItem(QObject *item)
 {
     const QString command = zq::action(item);
-    if (std::ranges::find(commandsNeverEnabled, command) != std::end(commandsNeverEnabled))
+    if (isOneOf(commandsNeverEnabled, command))
         return false;
-    if (std::ranges::find(commandsOnSelections, command) != std::end(commandsOnSelections))
-        return !selections().isEmpty();
+    if (isOneOf(commandsOnSelections, command))
+        return isEditable() && !selections().isEmpty();
+    if (isOneOf(commandsThatEdit, command) && !isEditable())
+        return false;
     if (command == u"commentOrUncomment")
         return !commentToken(*m_syntaxColouring).isNull();
+    if (command == u"toggleFold")
+        return m_folding->isEnabled();
+    if (command == u"changeColour")
+        return isEditable() && m_colourSwatches->valueAt(selectedRange().location);
     return true;
 }
 
@@ -63,17 +85,22 @@ qsizetype SMLTextView::editSelections(const TextEdit &edit)
     const qsizetype lengthBefore = text.length();
     const platform::TextSelections selectionsBefore = selections();
     const SMLUndoGroup group(&undoHistory());
-    const auto editOne = [&](MGSMutableSubstring &substring, bool &) {
+    quint64 revision = text.revision();
+    const auto editOne = [&](MGSMutableSubstring &substring, bool &stop) {
         const QString old = substring.string();
         const QString edited = edit(old);
         const TextRange range = substring.superstringRange();
-        if (edited == old || !shouldChangeText({range}, {edited}))
-            return;
-        undoHistory().record(TextUndo::Kind::Other, {{range, old, edited}}, selectionsBefore);
-        substring.setString(edited);
-        didChangeText();
+        if (edited != old && shouldChangeText({range}, {edited})) {
+            undoHistory().record(TextUndo::Kind::Other, {{range, old, edited}}, selectionsBefore);
+            substring.setString(edited);
+            revision = text.revision();
+            didChangeText();
+        }
+        stop = text.revision() != revision; // the delegate has edited: the ranges do not hold
     };
-    setSelectedRanges(enumerateMutableSubstringsFromRangeArray(text, selectedRanges(), editOne));
+    const auto edited = enumerateMutableSubstringsFromRangeArray(text, selectedRanges(), editOne);
+    if (text.revision() == revision)
+        setSelectedRanges(edited);
     return text.length() - lengthBefore;
 }
 
@@ -180,6 +207,31 @@ void SMLTextView::closeTag(QObject *)
         beep();
     else
         changeText(caret, tag);
+}
+
+void SMLTextView::toggleFold(QObject *)
+{
+    if (!m_folding->toggle(textStorage()->lineAt(selectedRange().location)))
+        beep();
+}
+
+void SMLTextView::changeColour(QObject *)
+{
+    const auto value = m_colourSwatches->valueAt(selectedRange().location);
+    if (value && isEditable())
+        m_interfaceController->showColours(*value);
+    else
+        beep();
+}
+
+// Other hands may have edited the text while the dialog was open.
+void SMLTextView::performChangeColour(const MGSColourValue &value, const QColor &colour)
+{
+    if (value.range.end() <= textStorage()->length() &&
+        m_colourSwatches->valueAt(value.range.location) == value)
+        changeText(value.range, mgs_colourCode(colour));
+    else
+        beep();
 }
 
 void SMLTextView::goToLine(QObject *)

@@ -1,14 +1,18 @@
 #include "editor/SMLTextView.h"
 
 #include "editor/colouring/SMLSyntaxColouring.h"
+#include "editor/MGSColourSwatches.h"
 #include "editor/MGSExtraInterfaceController.h"
+#include "editor/MGSFolding.h"
 #include "editor/MGSFont.h"
 #include "editor/MGSStringExtensions.h"
+#include "editor/MGSTagHighlight.h"
 #include "editor/MGSTextStorageExtensions.h"
 #include "kit/ui/TargetAction.h"
 #include "platform/text/view/CompletionList.h"
 
 #include <QApplication>
+#include <QDragMoveEvent>
 #include <QMenu>
 
 using platform::NotFound;
@@ -18,12 +22,16 @@ SMLTextView::SMLTextView(QWidget *parent)
     : TextView(std::make_unique<SMLLayoutManager>(), parent),
       m_syntaxColouring(std::make_unique<SMLSyntaxColouring>(layoutManager())),
       m_interfaceController(std::make_unique<MGSExtraInterfaceController>(this)),
+      m_tagHighlight(std::make_unique<MGSTagHighlight>(this)),
+      m_colourSwatches(std::make_unique<MGSColourSwatches>(this)),
+      m_folding(std::make_unique<MGSFolding>(this)),
       m_completionList(new platform::CompletionList(this))
 {
     m_autocompleteWordsTimer.setSingleShot(true);
     connect(&m_autocompleteWordsTimer, &QTimer::timeout, this,
             &SMLTextView::autocompleteWordsTimerDidFire);
-    connect(this, &SMLTextView::completionWasAskedFor, this, &SMLTextView::showCompletions);
+    m_dragTimer.setSingleShot(true);
+    connect(&m_dragTimer, &QTimer::timeout, this, &SMLTextView::dragTimerDidFire);
     connect(layoutManager(), &SMLLayoutManager::layoutDidChange, this,
             &SMLTextView::updateTabInterval);
     connect(this, &SMLTextView::frameDidChange, this, &SMLTextView::updateLineWrap);

@@ -4,10 +4,16 @@
 #include "editor/SMLEditingSettings.h"
 #include "editor/SMLLayoutManager.h"
 #include "platform/text/view/TextView.h"
+#include <QMimeData>
+#include <QPointer>
 
+class MGSColourSwatches;
 class MGSExtraInterfaceController;
+class MGSFolding;
 class MGSSyntaxDefinition;
+class MGSTagHighlight;
 class SMLSyntaxColouring;
+struct MGSColourValue;
 
 namespace platform {
 class CompletionList;
@@ -49,6 +55,13 @@ public:
     void setHighlightsCurrentLine(bool highlights);
     QColor currentLineHighlightColour() const { return m_currentLineHighlightColour; }
     void setCurrentLineHighlightColour(const QColor &colour);
+    bool showsTagPartners() const; ///< Of the tag at the caret (MGSTagHighlight.h); off at first.
+    void setShowsTagPartners(bool shows);
+    bool showsColourSwatches() const; ///< Under colour values (MGSColourSwatches.h); off at first.
+    void setShowsColourSwatches(bool shows);
+    MGSFolding *folding() const { return m_folding.get(); }
+    bool foldsLines() const; ///< By marks in the gutter (MGSFolding.h); off at first.
+    void setFoldsLines(bool folds);
     int tabWidth() const { return m_tabWidth; }
     void setTabWidth(int width);
     bool showsInvisibleCharacters() const { return layoutManager()->showsInvisibleCharacters(); }
@@ -70,6 +83,9 @@ public:
 
     /// The text with its syntax colours; colours all of it first.
     MGSAttributedString attributedStringWithTemporaryAttributesApplied();
+
+    /// Asks for a printer and prints the text in its colours, under the title; returns when done.
+    void runPrintPanel(const QString &title);
 
     // Rows and columns, zero-based; what does not exist is NotFound. Tabs count by `tabWidth`. The
     // pointers may be null.
@@ -96,6 +112,7 @@ public:
     void performDetabWithNumberOfSpaces(qsizetype spaces);
     /// One-based; beeps at a line that does not exist. Selects it if asked, with its line end.
     void performGoToLine(qsizetype line, bool setSelected);
+    void performChangeColour(const MGSColourValue &value, const QColor &colour);
 
     /// Whether the item's command has something to act on; an item is what `zq::action` knows.
     Q_INVOKABLE bool validateMenuItem(QObject *item);
@@ -112,6 +129,8 @@ public Q_SLOTS:
     void removeLineEndings(QObject *sender = nullptr);
     void goToLine(QObject *sender = nullptr);
     void closeTag(QObject *sender = nullptr);
+    void toggleFold(QObject *sender = nullptr);   ///< Of what begins on the caret's line.
+    void changeColour(QObject *sender = nullptr); ///< Of the value at the caret, by a dialog.
     void prepareForXML(QObject *sender = nullptr);
     void commentOrUncomment(QObject *sender = nullptr);
     void transpose(QObject *sender = nullptr);
@@ -165,7 +184,6 @@ private:
     // Completion.
     void scheduleAutocomplete();
     void autocompleteWordsTimerDidFire();
-    void showCompletions();
     const QStringList &keywords();
 
     // Commands.
@@ -173,11 +191,19 @@ private:
     void alignSelectionToLineBoundaries();
     void shiftSelectionBy(qsizetype width);
 
+    // Dragging.
+    void repeatDragMove(const QDragMoveEvent &event);
+    void dragTimerDidFire();
+    void hideDropMark();
+
     // Hand scrolling.
     void modifiersDidChange(Qt::KeyboardModifiers modifiers);
 
     std::unique_ptr<SMLSyntaxColouring> m_syntaxColouring;
     std::unique_ptr<MGSExtraInterfaceController> m_interfaceController;
+    std::unique_ptr<MGSTagHighlight> m_tagHighlight;
+    std::unique_ptr<MGSColourSwatches> m_colourSwatches;
+    std::unique_ptr<MGSFolding> m_folding;
 
     bool m_syntaxColoured = true;
     bool m_lineWrap = true;
@@ -196,6 +222,10 @@ private:
     platform::CompletionList *m_completionList; ///< Ours as a child.
     QStringList m_cachedKeywords;
     std::weak_ptr<const MGSSyntaxDefinition> m_syntaxDefOfCachedKeywords;
+
+    QTimer m_dragTimer;
+    std::unique_ptr<QDragMoveEvent> m_lastDragMove;
+    QPointer<const QMimeData> m_draggedData; ///< Of that move; null when its drag is gone.
 
     bool m_isDoubleClick = false;
     bool m_lacksPartner = false; ///< The brace that was double-clicked.

@@ -1,6 +1,7 @@
 // Completion of words, and scrolling by hand.
 #include "editor/colouring/MGSSyntaxDefinition.h"
 #include "editor/colouring/SMLSyntaxColouring.h"
+#include "editor/MGSFolding.h"
 #include "editor/SMLTextView.h"
 #include "platform/CharacterSet.h"
 #include "platform/text/TextSearch.h"
@@ -61,13 +62,6 @@ void SMLTextView::complete()
 {
     m_autocompleteWordsTimer.stop();
     TextView::complete();
-}
-
-void SMLTextView::showCompletions()
-{
-    const TextRange word = rangeForUserCompletion();
-    if (word.isFound())
-        m_completionList->open(completionsForPartialWord(word), word);
 }
 
 TextRange SMLTextView::rangeForUserCompletion() const
@@ -135,6 +129,11 @@ void SMLTextView::keyReleaseEvent(QKeyEvent *event)
 void SMLTextView::mousePressEvent(QMouseEvent *event)
 {
     modifiersDidChange(event->modifiers());
+    const qsizetype folded = m_folding->foldedLineAt(event->position());
+    if (folded != platform::NotFound && event->button() == Qt::LeftButton) {
+        m_folding->toggle(folded);
+        return;
+    }
     if (!m_isDragging)
         return TextView::mousePressEvent(event);
     m_startPoint = event->position();

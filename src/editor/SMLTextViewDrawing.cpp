@@ -1,6 +1,10 @@
 // What the text view shows beside the text, and how its lines wrap.
 #include "editor/colouring/SMLSyntaxColouring.h"
+#include "editor/MGSColourSwatches.h"
+#include "editor/MGSFolding.h"
+#include "editor/MGSTagHighlight.h"
 #include "editor/SMLTextView.h"
+#include "platform/text/view/TextPrintPanel.h"
 
 #include <cmath>
 #include <QScrollBar>
@@ -102,6 +106,36 @@ void SMLTextView::setCurrentLineHighlightColour(const QColor &colour)
     viewport()->update(m_currentLineRect.toAlignedRect());
 }
 
+bool SMLTextView::showsTagPartners() const
+{
+    return m_tagHighlight->isEnabled();
+}
+
+void SMLTextView::setShowsTagPartners(bool shows)
+{
+    m_tagHighlight->setEnabled(shows);
+}
+
+bool SMLTextView::showsColourSwatches() const
+{
+    return m_colourSwatches->isEnabled();
+}
+
+void SMLTextView::setShowsColourSwatches(bool shows)
+{
+    m_colourSwatches->setEnabled(shows);
+}
+
+bool SMLTextView::foldsLines() const
+{
+    return m_folding->isEnabled();
+}
+
+void SMLTextView::setFoldsLines(bool folds)
+{
+    m_folding->setEnabled(folds);
+}
+
 QRectF SMLTextView::lineHighlightingRect()
 {
     if (!m_highlightsCurrentLine)
@@ -132,12 +166,14 @@ void SMLTextView::setSelections(const platform::TextSelections &selections)
 void SMLTextView::viewWillDraw(const QRectF &dirty)
 {
     TextView::viewWillDraw(dirty);
+    m_colourSwatches->beginFrame();
     updateCurrentLineRect();
 }
 
 void SMLTextView::willDrawText(TextRange characters)
 {
     TextView::willDrawText(characters);
+    m_colourSwatches->willDrawText(characters);
     if (m_syntaxColoured)
         m_syntaxColouring->recolourRange(characters);
 }
@@ -147,13 +183,22 @@ void SMLTextView::drawViewBackground(QPainter *painter, const QRectF &dirty)
     TextView::drawViewBackground(painter, dirty);
     if (m_currentLineRect.intersects(dirty))
         painter->fillRect(m_currentLineRect, m_currentLineHighlightColour);
+    m_tagHighlight->draw(painter);
+    m_colourSwatches->draw(painter);
 }
 
 void SMLTextView::drawOverText(QPainter *painter, const QRectF &dirty)
 {
     TextView::drawOverText(painter, dirty);
+    m_folding->draw(painter);
     const qreal x = std::floor(m_pageGuideX - scrollPosition().left);
     const QRectF guide(x, 0, 1, viewport()->height());
     if (m_showsPageGuide && guide.intersects(dirty))
         painter->fillRect(guide, m_pageGuideColor);
+}
+
+void SMLTextView::runPrintPanel(const QString &title)
+{
+    platform::runTextPrintPanel(
+        this, title, [this](TextRange range) { m_syntaxColouring->recolourRange(range); });
 }

@@ -142,6 +142,11 @@ TEST_F(TextViewClicks, TheContextMenuOffersTheCommandsThatCanAct)
     EXPECT_FALSE(isEnabled("commentOrUncomment"));
     editor.setSyntaxDefinitionName("C");
     EXPECT_TRUE(isEnabled("commentOrUncomment"));
+    view.setEditable(false);
+    setMarked("‹a›b");
+    for (const char *command : {"uppercaseCharacters", "shiftRight", "commentOrUncomment"})
+        EXPECT_FALSE(isEnabled(command)) << command;
+    EXPECT_TRUE(isEnabled("goToLine"));
     QAction dashes;
     zq::setTargetAndAction(&dashes, &view, "toggleAutomaticDashSubstitution");
     EXPECT_FALSE(view.validateMenuItem(&dashes));
@@ -195,10 +200,20 @@ public:
         heard << "perform";
         return performs;
     }
+    bool draggingUpdated(QDragMoveEvent *) override
+    {
+        ++updates;
+        return takesUpdates;
+    }
+    bool wantsPeriodicDraggingUpdates() override { return wantsPeriodic; }
+    void updateDraggingItemsForDrag(QDragEnterEvent *) override { heard << "items"; }
     void concludeDragOperation(QDropEvent *) override { heard << "conclude"; }
+    void draggingExited(QDragLeaveEvent *) override { heard << "exited"; }
     void draggingEnded() override { heard << "ended"; }
     QStringList heard;
     std::optional<bool> prepares, performs;
+    bool takesUpdates = false, wantsPeriodic = false;
+    int updates = 0;
 };
 
 TEST_F(TextViewClicks, ADragGoesToADelegateThatTakesIt)
@@ -217,14 +232,69 @@ TEST_F(TextViewClicks, ADragGoesToADelegateThatTakesIt)
         return view.string();
     };
     EXPECT_EQ(drop(), "dropped a"); // it takes the entering alone
-    EXPECT_EQ(delegate.heard, (QStringList{"entered", "prepare", "perform", "conclude", "ended"}));
+    EXPECT_EQ(delegate.heard,
+              (QStringList{"entered", "items", "prepare", "perform", "conclude", "ended"}));
     delegate.performs = false;
     EXPECT_EQ(drop(), "a");
-    EXPECT_EQ(delegate.heard, (QStringList{"entered", "prepare", "perform", "ended"}));
+    EXPECT_EQ(delegate.heard, (QStringList{"entered", "items", "prepare", "perform", "ended"}));
     delegate.prepares = false;
     EXPECT_EQ(drop(), "a");
-    EXPECT_EQ(delegate.heard, (QStringList{"entered", "prepare", "ended"}));
+    EXPECT_EQ(delegate.heard, (QStringList{"entered", "items", "prepare", "ended"}));
+    delegate.prepares = delegate.performs = std::nullopt;
+    view.setEditable(false);
+    EXPECT_EQ(drop(), "a");
+    EXPECT_EQ(delegate.heard, (QStringList{"entered", "items", "prepare", "perform", "ended"}));
     editor.setTextViewDelegate(nullptr);
+}
+
+class TextViewDrags : public TextViewClicks
+{
+protected:
+    TextViewDrags()
+    {
+        data.setText("dropped ");
+        setMarked("abc def¦");
+        editor.setTextViewDelegate(&delegate);
+    }
+    ~TextViewDrags() override { editor.setTextViewDelegate(nullptr); }
+
+    template <class Event>
+    void send(QPoint place = {20, 5})
+    {
+        Event event(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(view.viewport(), &event);
+    }
+
+    DragRecorder delegate;
+    QMimeData data;
+};
+
+TEST_F(TextViewDrags, LeaveNoMarkWhoeverTakesThem)
+{
+    const QImage before = view.grab().toImage();
+    const auto isMarked = [&] {
+        return view.grab().toImage() != before;
+    };
+    send<QDragEnterEvent>();
+    send<QDragMoveEvent>();
+    EXPECT_TRUE(isMarked());
+    delegate.takesUpdates = true;
+    send<QDragMoveEvent>();
+    EXPECT_FALSE(isMarked());
+
+    delegate.takesUpdates = false;
+    send<QDragMoveEvent>();
+    delegate.performs = true;
+    send<QDropEvent>();
+    EXPECT_FALSE(isMarked());
+}
+
+TEST_F(TextViewDrags, AreUpdatedWhileTheyStandStillForADelegateThatWantsIt)
+{
+    delegate.wantsPeriodic = true;
+    send<QDragEnterEvent>();
+    send<QDragMoveEvent>();
+    EXPECT_TRUE(support::waitUntil([&] { return delegate.updates >= 3; }));
 }
 
 } // namespace

@@ -75,6 +75,20 @@ void EditorFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(&view, key, modifiers);
 }
 
+void EditorFixture::expectOneStepSince(const QString &before)
+{
+    const QString after = view.string();
+    if (after != before) {
+        view.undo();
+        EXPECT_EQ(view.string(), before);
+    }
+    EXPECT_FALSE(view.undoHistory().canUndo());
+    if (after != before) {
+        view.redo();
+        EXPECT_EQ(view.string(), after);
+    }
+}
+
 QPoint EditorFixture::placeOf(qsizetype index)
 {
     return view.rectsOf({index, 1}).at(0).center().toPoint();

@@ -18,6 +18,8 @@ protected:
 
     void type(const QString &keys); ///< One key press for each character; "\n" is Return.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    /// What has been done since `before` was the text is one step of undo, or none if that is it.
+    void expectOneStepSince(const QString &before);
     int takeBeeps() { return std::exchange(m_beeps, 0); }
 
     /// The middle of the character, in the text view's viewport.

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QTest>
 
 using platform::TextRange;
@@ -130,6 +131,39 @@ TEST_F(Gutter, TheDelegateIsToldOfLinesThatComeAndGo)
     view.setSelectedRange({0, 4});
     press(Qt::Key_Delete);
     EXPECT_EQ(breakpoints.fixed.value(1), "-2 at 1, 1");
+}
+
+class PaintRecorder : public QObject
+{
+public:
+    QRegion painted;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent *>(event)->region();
+        return false;
+    }
+};
+
+TEST_F(Gutter, TypingPaintsTheLinesThatLookDifferent)
+{
+    setMarked("a\nb¦\nc");
+    PaintRecorder recorder;
+    gutter.installEventFilter(&recorder);
+    const auto paintedBy = [&](const QString &keys) {
+        support::settle();
+        recorder.painted = {};
+        type(keys);
+        support::settle();
+        return recorder.painted.boundingRect();
+    };
+    EXPECT_EQ(paintedBy("x"), QRect());
+    editor.setMarksChangedLines(true);
+    EXPECT_EQ(paintedBy("x"), gutter.wholeLineRectForLine(1).toAlignedRect());
+    EXPECT_EQ(paintedBy("\n"), gutter.rect());
+    EXPECT_EQ(paintedBy(QString(200, 'w')).bottom(), gutter.rect().bottom()) << "it is wrapped";
 }
 
 TEST_F(Gutter, AnotherTextIsFollowedAndTheOldOneLeft)
