@@ -93,6 +93,18 @@ void LSMDesignTemplateManager::enumerateDesignsUsingBlock(
     }
 }
 
+LSMDesignTemplate *LSMDesignTemplateManager::firstDesign(
+    const std::function<bool(const LSMDesignTemplate &)> &predicate) const
+{
+    for (const auto &group : m_groups) {
+        for (const auto &design : group->designTemplates()) {
+            if (predicate(*design))
+                return design.get();
+        }
+    }
+    return nullptr;
+}
+
 bool LSMDesignTemplateManager::hasDesignWithValue(const QString &value,
                                                   const QString &forDictionaryKey) const
 {
@@ -105,23 +117,17 @@ bool LSMDesignTemplateManager::hasDesignNotEqualToDesign(const LSMDesignTemplate
 {
     PLATFORM_ASSERT(!forDictionaryKey.isEmpty(), "Invalid parameter not satisfying: %@",
                     "0 < [inKey length]");
-    bool found = false;
-    enumerateDesignsUsingBlock([&](const LSMDesignTemplate *other, bool &stop) {
-        stop = found = other != design && holds(other, withEqualValue, forDictionaryKey);
+    return firstDesign([&](const LSMDesignTemplate &other) {
+        return &other != design && holds(&other, withEqualValue, forDictionaryKey);
     });
-    return found;
 }
 
 LSMDesignTemplate *LSMDesignTemplateManager::templateWithPath(const QString &path) const
 {
-    LSMDesignTemplate *found = nullptr;
-    enumerateDesignsUsingBlock([&](LSMDesignTemplate *design, bool &stop) {
-        if (!path.isNull() && design->templatePath() == path) {
-            found = design;
-            stop = true;
-        }
-    });
-    return found;
+    if (path.isNull())
+        return nullptr;
+    return firstDesign(
+        [&path](const LSMDesignTemplate &design) { return design.templatePath() == path; });
 }
 
 bool LSMDesignTemplateManager::hasUnsavedDesigns() const

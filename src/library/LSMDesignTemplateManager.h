@@ -37,6 +37,10 @@ public:
     void enumerateDesignsUsingBlock(
         const std::function<void(LSMDesignTemplate *design, bool &stop)> &block) const;
 
+    /// The first in that order of which `predicate` is true; null if there is none.
+    LSMDesignTemplate *
+    firstDesign(const std::function<bool(const LSMDesignTemplate &design)> &predicate) const;
+
     /// Does a design's dictionary hold that string under the key? Exact comparison.
     bool hasDesignWithValue(const QString &value, const QString &forDictionaryKey) const;
     bool hasDesignNotEqualToDesign(const LSMDesignTemplate *design, const QString &withEqualValue,
