@@ -1,9 +1,11 @@
+#include "kit/ui/ElidedLabel.h"
 #include "kit/ui/SegmentedControl.h"
 #include "kit/ui/TintedIcon.h"
 #include "kit/ui/ZQViewExtensions.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -14,19 +16,18 @@ namespace {
 
 TEST(SegmentedControl, TheUserSelectsWithMouseAndKeys)
 {
-    zq::SegmentedControl control({"Design", "HTML", "Samples", "Store"});
+    zq::SegmentedControl control({"Design", "HTML", "Store"});
     control.setSelectedSegment(0);
-    control.setSegmentEnabled(2, false);
     control.show();
     QSignalSpy activated(&control, &zq::SegmentedControl::activated);
     QSignalSpy changed(&control, &zq::SegmentedControl::selectedSegmentDidChange);
 
     QTest::keyClick(&control, Qt::Key_Right);
     EXPECT_EQ(control.selectedSegment(), 1);
-    QTest::keyClick(&control, Qt::Key_Right); // Past the disabled one.
-    EXPECT_EQ(control.selectedSegment(), 3);
+    QTest::keyClick(&control, Qt::Key_End);
+    EXPECT_EQ(control.selectedSegment(), 2);
     QTest::keyClick(&control, Qt::Key_Right);
-    EXPECT_EQ(control.selectedSegment(), 3);
+    EXPECT_EQ(control.selectedSegment(), 2);
     QTest::keyClick(&control, Qt::Key_Home);
     QTest::mouseClick(control.findChildren<QAbstractButton *>()[1], Qt::LeftButton);
     QTest::mouseClick(control.findChildren<QAbstractButton *>()[1], Qt::LeftButton);
@@ -39,19 +40,34 @@ TEST(SegmentedControl, TheUserSelectsWithMouseAndKeys)
 TEST(SegmentedControl, TheCountChangesTheLastSegments)
 {
     zq::SegmentedControl control({"A", "B", "C"});
-    control.setSegmentTag(2, 30);
-    EXPECT_TRUE(control.selectSegmentWithTag(30));
-    EXPECT_FALSE(control.selectSegmentWithTag(31));
-    EXPECT_EQ(control.selectedTag(), 30);
+    control.setSelectedSegment(2);
     control.setSegmentCount(2);
     EXPECT_EQ(control.selectedSegment(), -1);
     control.setSegmentCount(4);
-    EXPECT_EQ(control.segmentTag(3), 3);
     control.setSelectedSegment(4);
     EXPECT_EQ(control.selectedSegment(), -1);
     QAccessibleInterface *name = QAccessible::queryAccessibleInterface(&control);
     EXPECT_EQ(name->childCount(), 4);
     EXPECT_EQ(name->child(1)->text(QAccessible::Name), "B");
+}
+
+TEST(ElidedLabel, GivesWayAndTellsAllOfItsText)
+{
+    zq::ElidedLabel label;
+    label.setText("/a <b> & " + QString(200, 'x') + "/end");
+    EXPECT_GT(label.sizeHint().width(), 400);
+    EXPECT_EQ(label.minimumSizeHint().width(), 0);
+    EXPECT_TRUE(label.toolTip().contains("/a &lt;b&gt; &amp; xx"));
+    const auto picture = [&label](int width) {
+        label.resize(width, label.sizeHint().height());
+        return label.grab().toImage();
+    };
+    EXPECT_NE(picture(100), picture(label.sizeHint().width()).copy(picture(100).rect()))
+        << "what is left out shows as such";
+    label.actions().first()->trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), label.text());
+    label.setText({});
+    EXPECT_TRUE(label.toolTip().isEmpty());
 }
 
 TEST(TintedIcon, FollowsThePalette)

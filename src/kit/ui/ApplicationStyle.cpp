@@ -1,10 +1,11 @@
 #include "kit/ui/ApplicationStyle.h"
 
+#include "kit/ui/TintedIcon.h"
 #include "platform/Appearance.h"
 
 #include <QApplication>
+#include <QProxyStyle>
 #include <QRegularExpression>
-#include <QStyleFactory>
 
 namespace zq {
 
@@ -17,27 +18,31 @@ QMainWindow, QStackedWidget, QScrollArea, #designPage, #editorView { background:
 #splitter::handle, #htmlSplitter::handle { background: @separatorColor; }
 QToolBar { background: @windowBackground; border: none; border-bottom: 1px solid @separatorColor;
            padding: 3px 8px; spacing: 2px; }
+QToolBar QToolButton:focus { border: 1px solid @accentColor; border-radius: 5px; }
 QMenuBar { background: @windowBackground; padding: 2px 4px; }
 QMenuBar::item { padding: 4px 9px; border-radius: 4px; background: transparent; }
 QMenuBar::item:selected { background: @inactiveSelectionBackground; }
 QStatusBar { background: @windowBackground; border-top: 1px solid @separatorColor; }
 QStatusBar::item { border: none; }
-QStatusBar QLabel { color: @secondaryLabelColor; padding: 2px 10px; }
+QStatusBar QLabel, QStatusBar zq--ElidedLabel { color: @secondaryLabelColor; padding: 2px 10px; }
 #banner { background: @bannerBackground; border: none; border-bottom: 1px solid @separatorColor; }
 #bannerText { color: @bannerTextColor; }
 QLineEdit { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
             padding: 4px 6px; }
 QLineEdit:focus { border: 1px solid @accentColor; }
 QLineEdit:read-only { background: transparent; }
-QLineEdit[frame="false"] { border: none; padding: 0; }
 #emptyText { color: @secondaryLabelColor; }
 QPushButton { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
               padding: 5px 14px; }
+QPushButton::menu-indicator { subcontrol-origin: padding; subcontrol-position: right center; right: 9px; }
+#placeholderPopup, #layoutPopup { padding-right: 26px; }
 QPushButton:hover { border-color: @accentColor; }
 QPushButton:pressed { background: @inactiveSelectionBackground; }
 QPushButton:default { background: @accentColor; color: @accentTextColor; border-color: @accentColor; }
 QPushButton:focus { border-color: @accentColor; }
 QPushButton:disabled { color: @secondaryLabelColor; }
+QCheckBox { padding: 2px; border: 1px solid transparent; border-radius: 5px; }
+QCheckBox:focus { border-color: @accentColor; outline: 0; }
 QScrollBar { background: transparent; border: none; margin: 0; }
 QScrollBar:vertical { width: 12px; }
 QScrollBar:horizontal { height: 12px; }
@@ -49,10 +54,31 @@ QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 #samplesList, #propertiesView { background: @controlBackground; border: 1px solid @separatorColor;
                                 border-radius: 6px; padding: 4px; }
+#samplesList:focus, #propertiesView:focus { border-color: @accentColor; }
 #samplesList::item, #propertiesView::item { padding: 4px 2px; }
+#toolbarItems { background: @controlBackground; border: 1px solid @separatorColor;
+                border-radius: 6px; padding: 5px; outline: 0; }
+#toolbarItems:focus { border-color: @accentColor; }
+#toolbarItems::item { border-radius: 5px; }
+#toolbarItems::item:selected { background: @selectionBackground; color: @labelColor; }
 QHeaderView::section { background: @windowBackground; color: @secondaryLabelColor; border: none;
                        padding: 5px 8px; }
 )");
+
+// The stock sign for "more items than fit" is dark in a dark window too.
+class Style : public QProxyStyle
+{
+public:
+    Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption *option,
+                       const QWidget *widget) const override
+    {
+        return icon == SP_ToolBarHorizontalExtensionButton
+                   ? tintedIcon(QStringLiteral("More"))
+                   : QProxyStyle::standardIcon(icon, option, widget);
+    }
+};
 
 void apply()
 {
@@ -70,7 +96,7 @@ void apply()
 
 void installApplicationStyle()
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new Style);
     apply();
     QObject::connect(&platform::Appearance::shared(), &platform::Appearance::colorSchemeDidChange,
                      qApp, apply);

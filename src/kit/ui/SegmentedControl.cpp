@@ -1,6 +1,6 @@
 #include "kit/ui/SegmentedControl.h"
 
-#include "kit/ui/TargetAction.h"
+#include "platform/Appearance.h"
 
 #include <QAbstractButton>
 #include <QHBoxLayout>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr qreal radius = 6;
 constexpr int focusRing = 2; // Around the frame, in pixels.
-constexpr int iconExtent = 18;
+constexpr int leastHeight = 18;
 constexpr int horizontalPadding = 14;
 
 QColor mixed(const QColor &over, const QColor &under, qreal share)
@@ -35,16 +35,13 @@ public:
     {
         setFocusPolicy(Qt::NoFocus);
         setCheckable(true);
-        setIconSize(QSize(iconExtent, iconExtent));
         setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     }
 
     QSize sizeHint() const override
     {
-        const int content = (icon().isNull() ? 0 : iconExtent) +
-                            (icon().isNull() || text().isEmpty() ? 0 : 6) +
-                            fontMetrics().horizontalAdvance(text());
-        return {content + 2 * horizontalPadding, qMax(fontMetrics().height(), iconExtent) + 8};
+        return {fontMetrics().horizontalAdvance(text()) + 2 * horizontalPadding,
+                qMax(fontMetrics().height(), leastHeight) + 8};
     }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -61,16 +58,7 @@ protected:
         const bool isLit = isChecked() && isEnabled();
         painter.setPen(
             palette().color(group, isLit ? QPalette::HighlightedText : QPalette::ButtonText));
-        const int iconWidth = icon().isNull() ? 0 : iconExtent;
-        const int gap = iconWidth && !text().isEmpty() ? 6 : 0;
-        const int width = iconWidth + gap + fontMetrics().horizontalAdvance(text());
-        const int left = (this->width() - width) / 2;
-        icon().paint(&painter, QRect(left, 0, iconWidth, height()), Qt::AlignCenter,
-                     !isEnabled() ? QIcon::Disabled
-                     : isLit      ? QIcon::Selected
-                                  : QIcon::Normal);
-        painter.drawText(rect().adjusted(left + iconWidth + gap, 0, 0, 0),
-                         Qt::AlignLeft | Qt::AlignVCenter, text());
+        painter.drawText(rect(), Qt::AlignCenter, text());
     }
 
 private:
@@ -122,7 +110,6 @@ void SegmentedControl::setSegmentCount(int count)
     while (segmentCount() < count) {
         auto *segment = new Segment(this);
         const int index = segmentCount();
-        setTag(segment, index);
         connect(segment, &Segment::clicked, this, [this, index] { select(index); });
         m_segments << segment;
         layout()->addWidget(segment);
@@ -148,63 +135,10 @@ void SegmentedControl::setSelectedSegment(int segment)
         Q_EMIT selectedSegmentDidChange(segment);
 }
 
-bool SegmentedControl::selectSegmentWithTag(int tag)
-{
-    for (int segment = 0; segment < segmentCount(); ++segment)
-        if (segmentTag(segment) == tag) {
-            setSelectedSegment(segment);
-            return true;
-        }
-    return false;
-}
-
-int SegmentedControl::selectedTag() const
-{
-    return m_selected < 0 ? -1 : segmentTag(m_selected);
-}
-
-QString SegmentedControl::label(int segment) const
-{
-    return m_segments.at(segment)->text();
-}
-
 void SegmentedControl::setLabel(int segment, const QString &label)
 {
     m_segments.at(segment)->setText(label);
     m_segments.at(segment)->updateGeometry();
-}
-
-void SegmentedControl::setImage(int segment, const QIcon &image)
-{
-    m_segments.at(segment)->setIcon(image);
-    m_segments.at(segment)->updateGeometry();
-}
-
-void SegmentedControl::setSegmentToolTip(int segment, const QString &text)
-{
-    m_segments.at(segment)->setToolTip(text);
-    if (label(segment).isEmpty())
-        m_segments.at(segment)->setAccessibleName(text);
-}
-
-int SegmentedControl::segmentTag(int segment) const
-{
-    return tag(m_segments.at(segment));
-}
-
-void SegmentedControl::setSegmentTag(int segment, int tag)
-{
-    setTag(m_segments.at(segment), tag);
-}
-
-bool SegmentedControl::isSegmentEnabled(int segment) const
-{
-    return m_segments.at(segment)->isEnabledTo(this);
-}
-
-void SegmentedControl::setSegmentEnabled(int segment, bool enabled)
-{
-    m_segments.at(segment)->setEnabled(enabled);
 }
 
 void SegmentedControl::select(int segment)
@@ -213,26 +147,24 @@ void SegmentedControl::select(int segment)
     Q_EMIT activated(segment);
 }
 
-void SegmentedControl::selectNextEnabled(int from, int step)
+void SegmentedControl::selectByKey(int segment)
 {
-    for (int segment = from; segment >= 0 && segment < segmentCount(); segment += step)
-        if (isSegmentEnabled(segment))
-            return segment == m_selected ? void() : select(segment);
+    if (segment >= 0 && segment < segmentCount() && segment != m_selected)
+        select(segment);
 }
 
 void SegmentedControl::keyPressEvent(QKeyEvent *event)
 {
     const int forward = layoutDirection() == Qt::LeftToRight ? 1 : -1;
-    const int last = segmentCount() - 1;
     switch (event->key()) {
     case Qt::Key_Left:
-        return selectNextEnabled(m_selected < 0 ? 0 : m_selected - forward, -forward);
+        return selectByKey(m_selected < 0 ? 0 : m_selected - forward);
     case Qt::Key_Right:
-        return selectNextEnabled(m_selected < 0 ? 0 : m_selected + forward, forward);
+        return selectByKey(m_selected < 0 ? 0 : m_selected + forward);
     case Qt::Key_Home:
-        return selectNextEnabled(0, 1);
+        return selectByKey(0);
     case Qt::Key_End:
-        return selectNextEnabled(last, -1);
+        return selectByKey(segmentCount() - 1);
     default:
         QWidget::keyPressEvent(event);
     }
@@ -256,9 +188,7 @@ void SegmentedControl::paintEvent(QPaintEvent *)
     const QColor text = palette().color(QPalette::WindowText);
     const QRectF frame = QRectF(rect()).adjusted(focusRing, focusRing, -focusRing, -focusRing);
     if (hasFocus()) {
-        QColor ring = palette().color(QPalette::Highlight);
-        ring.setAlphaF(0.5F);
-        painter.setPen(QPen(ring, focusRing));
+        painter.setPen(QPen(platform::namedColor(QStringLiteral("accentColor")), focusRing));
         painter.drawRoundedRect(frame.adjusted(-0.5, -0.5, 0.5, 0.5), radius + 1, radius + 1);
     }
     painter.setPen(mixed(text, window, 0.25));

@@ -103,14 +103,14 @@ void Toolbar::setDisplayMode(ToolbarDisplayMode mode)
             setToolButtonStyle(each.style);
     for (ZQToolbarItem *item : items())
         item->setToolButtonStyle(toolButtonStyle());
-    configurationChanged();
+    saveConfiguration();
 }
 
 void Toolbar::setToolbarVisible(bool visible)
 {
     m_toolbarVisible = visible;
     setVisible(visible);
-    configurationChanged();
+    saveConfiguration();
 }
 
 QList<ZQToolbarItem *> Toolbar::items() const
@@ -166,7 +166,7 @@ void Toolbar::setItemIdentifiers(const QStringList &identifiers)
         item->setParent(nullptr);
         item->deleteLater();
     }
-    configurationChanged();
+    saveConfiguration();
 }
 
 ZQToolbarItem *Toolbar::makeItem(const QString &identifier, bool willBeInserted)
@@ -218,20 +218,17 @@ QString Toolbar::defaultsKey() const
     return QStringLiteral("Toolbar Configuration ") + m_identifier;
 }
 
-void Toolbar::configurationChanged()
+void Toolbar::saveConfiguration()
 {
-    if (!m_delegate || m_isRestoring)
+    if (!m_delegate || m_isRestoring || !m_autosavesConfiguration)
         return;
-    if (m_autosavesConfiguration) {
-        QVariantList items;
-        for (const QString &identifier : itemIdentifiers())
-            items << identifier;
-        platform::UserDefaults::standardUserDefaults().setObject(
-            defaultsKey(), QVariantMap{{QStringLiteral("items"), items},
-                                       {QStringLiteral("displayMode"), int(m_displayMode)},
-                                       {QStringLiteral("visible"), m_toolbarVisible}});
-    }
-    Q_EMIT configurationDidChange();
+    QVariantList stored;
+    for (const QString &identifier : itemIdentifiers())
+        stored << identifier;
+    platform::UserDefaults::standardUserDefaults().setObject(
+        defaultsKey(), QVariantMap{{QStringLiteral("items"), stored},
+                                   {QStringLiteral("displayMode"), int(m_displayMode)},
+                                   {QStringLiteral("visible"), m_toolbarVisible}});
 }
 
 void Toolbar::runCustomizationPalette()

@@ -32,15 +32,12 @@ class Toolbar : public QToolBar
 public:
     explicit Toolbar(const QString &identifier, QWidget *parent = nullptr);
 
-    QString identifier() const { return m_identifier; }
-
     /// Borrowed; must outlive the toolbar or be taken back with null. Fills the toolbar, from the
     /// stored configuration or with the default items. Set the three properties below before.
     void setDelegate(ToolbarDelegate *delegate);
     ToolbarDelegate *delegate() const { return m_delegate; }
 
     void setAllowsUserCustomization(bool allows) { m_allowsUserCustomization = allows; }
-    bool allowsUserCustomization() const { return m_allowsUserCustomization; }
     void setAutosavesConfiguration(bool autosaves) { m_autosavesConfiguration = autosaves; }
     static QList<ToolbarDisplayModeChoice> displayModeChoices();
     void setDisplayMode(ToolbarDisplayMode mode);
@@ -68,16 +65,13 @@ public:
     /// or customisation is not allowed.
     void runCustomizationPalette();
 
-Q_SIGNALS:
-    void configurationDidChange();
-
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     void placeItem(ZQToolbarItem *item, QAction *before);
     void restoreConfiguration();
-    void configurationChanged();
+    void saveConfiguration();
     QString defaultsKey() const;
 
     QString m_identifier;

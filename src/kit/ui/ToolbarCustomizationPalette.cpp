@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -15,26 +16,38 @@ namespace zq {
 namespace {
 
 constexpr int identifierRole = Qt::UserRole;
-constexpr QSize cell(122, 62);
+constexpr QSize cell(122, 74);
+constexpr int rows = 2;
+constexpr int columns = 6;
+constexpr int leastColumns = 4;
+constexpr int margin = 6;
+constexpr int scrollBarWidth = 16;
 
-/// A list that shows its entries as toolbar items, the icon above the label, left to right.
+/// A list that shows its entries as toolbar items, the icon above the label, in rows.
 class ItemList : public QListWidget
 {
 public:
-    ItemList(const QString &name, bool wraps, QWidget *parent) : QListWidget(parent)
+    ItemList(const QString &name, QWidget *parent) : QListWidget(parent)
     {
+        setObjectName(QStringLiteral("toolbarItems"));
         setAccessibleName(name);
         setFlow(QListView::LeftToRight);
-        setWrapping(wraps);
+        setWrapping(true);
         setResizeMode(QListView::Adjust);
         setGridSize(cell);
         setIconSize(QSize(24, 24));
         setUniformItemSizes(true);
+        setWordWrap(true);
         setDragDropMode(QAbstractItemView::DragDrop);
         setDefaultDropAction(Qt::MoveAction);
         setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-        setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-        setFixedHeight((wraps ? 2 : 1) * cell.height() + 2 * frameWidth() + 16);
+        setFixedHeight(rows * cell.height() + 2 * margin);
+        setMinimumWidth(widthOf(leastColumns));
+    }
+
+    static int widthOf(int columnCount)
+    {
+        return columnCount * cell.width() + 2 * margin + scrollBarWidth;
     }
 
 protected:
@@ -58,8 +71,8 @@ bool isSpace(const QString &identifier)
 
 ToolbarCustomizationPalette::ToolbarCustomizationPalette(Toolbar *toolbar)
     : QDialog(toolbar->window()), m_toolbar(toolbar),
-      m_available(new ItemList(platform::localized("Available items"), true, this)),
-      m_inToolbar(new ItemList(platform::localized("Items in the toolbar"), false, this))
+      m_available(new ItemList(platform::localized("Available items"), this)),
+      m_inToolbar(new ItemList(platform::localized("Items in the toolbar"), this))
 {
     setWindowTitle(platform::localized("Customize Toolbar"));
     setWindowModality(Qt::WindowModal);
@@ -109,7 +122,10 @@ void ToolbarCustomizationPalette::layOut()
     layout->addWidget(m_inToolbar);
     layout->addSpacing(6);
     layout->addWidget(makeBottomRow());
-    resize(820, sizeHint().height());
+    const QMargins around = layout->contentsMargins();
+    resize(qMin(ItemList::widthOf(columns) + around.left() + around.right(),
+                screen()->availableSize().width()),
+           sizeHint().height());
 }
 
 QWidget *ToolbarCustomizationPalette::makeBottomRow()

@@ -1,5 +1,6 @@
 #include "kit/ui/ZQViewExtensions.h"
 
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace zq {
@@ -62,6 +63,16 @@ QList<QWidget *> allSubviewsDeep(QWidget *view)
     for (QWidget *subview : subviews(view))
         result << subview << allSubviewsDeep(subview);
     return result;
+}
+
+QString plainToolTip(const QString &text)
+{
+    return text.isEmpty() ? text : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+}
+
+QString withoutMnemonic(QString text)
+{
+    return text.replace(u'&', QStringLiteral("&&"));
 }
 
 } // namespace zq

@@ -19,6 +19,12 @@ QWidget *enclosingViewOfClass(QWidget *view, const QMetaObject &baseClass);
 
 QList<QWidget *> allSubviewsDeep(QWidget *view); ///< All below, depth first, parents first.
 
+/// A tool tip that shows the text as it stands, markup and "&" too.
+QString plainToolTip(const QString &text);
+
+/// The text as a menu entry or a button shows it: "&" stands for itself.
+QString withoutMnemonic(QString text);
+
 template <class View>
 View *firstSubviewOfClass(QWidget *view)
 {
