@@ -4,8 +4,16 @@
 <context>
     <name>LSMDesignEditorViewController</name>
     <message>
+        <source>Goes to a layout&apos;s place in the HTML</source>
+        <translation>Geht zur Stelle eines Layouts im HTML</translation>
+    </message>
+    <message>
         <source>&amp;Identifier:</source>
         <translation>&amp;Kennung:</translation>
+    </message>
+    <message>
+        <source>Inserts what Lotbook replaces by the listing&apos;s data</source>
+        <translation>Fügt ein, was Lotbook durch die Angaben des Angebots ersetzt</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
@@ -34,10 +42,6 @@
     <message>
         <source>Layouts:</source>
         <translation>Layouts:</translation>
-    </message>
-    <message>
-        <source>Location of the design</source>
-        <translation>Ort des Designs</translation>
     </message>
     <message>
         <source>Location:</source>
@@ -84,7 +88,7 @@
     </message>
     <message>
         <source>&amp;Appearance</source>
-        <translation>&amp;Erscheinungsbild</translation>
+        <translation>E&amp;rscheinungsbild</translation>
     </message>
     <message>
         <source>&amp;Automatic</source>
@@ -104,7 +108,7 @@
     </message>
     <message>
         <source>&amp;Design</source>
-        <translation>&amp;Design</translation>
+        <translation>De&amp;sign</translation>
     </message>
     <message>
         <source>&amp;Duplicate</source>
@@ -120,7 +124,7 @@
     </message>
     <message>
         <source>&amp;Full Screen</source>
-        <translation>&amp;Vollbild</translation>
+        <translation>V&amp;ollbild</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -143,6 +147,10 @@
         <translation>&amp;Einfügen</translation>
     </message>
     <message>
+        <source>Prin&amp;t HTML…</source>
+        <translation>HTML druc&amp;ken …</translation>
+    </message>
+    <message>
         <source>&amp;Preferences…</source>
         <translation>&amp;Einstellungen …</translation>
     </message>
@@ -163,8 +171,12 @@
         <translation>Vorschau neu &amp;laden</translation>
     </message>
     <message>
+        <source>Rena&amp;me Design</source>
+        <translation>Design &amp;umbenennen</translation>
+    </message>
+    <message>
         <source>&amp;Revert To Saved</source>
-        <translation>Zurück zur ge&amp;sicherten Fassung</translation>
+        <translation>Auf gesicherte &amp;Fassung zurücksetzen</translation>
     </message>
     <message>
         <source>&amp;Samples</source>
@@ -236,7 +248,7 @@
     </message>
     <message>
         <source>Select &amp;All</source>
-        <translation>&amp;Alles auswählen</translation>
+        <translation>A&amp;lles auswählen</translation>
     </message>
     <message>
         <source>Show Pre&amp;view</source>
@@ -321,8 +333,16 @@
         <translation>%@ lässt sich nicht einfärben: %@</translation>
     </message>
     <message>
+        <source>%@ designs</source>
+        <translation>%@ Designs</translation>
+    </message>
+    <message>
         <source>%@ must be %@.</source>
         <translation>%@ muss %@ sein.</translation>
+    </message>
+    <message>
+        <source>%@ of %@ designs</source>
+        <translation>%@ von %@ Designs</translation>
     </message>
     <message>
         <source>%@ stands beside it: its conversion was cut short, or these are two designs. The old file still loads.</source>
@@ -331,10 +351,6 @@
     <message>
         <source>%ld bytes</source>
         <translation>%ld Byte</translation>
-    </message>
-    <message>
-        <source>%ld designs</source>
-        <translation>%ld Designs</translation>
     </message>
     <message>
         <source>%ld found</source>
@@ -347,6 +363,18 @@
     <message>
         <source>%ld replaced</source>
         <translation>%ld ersetzt</translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation>Layouts</translation>
+    </message>
+    <message>
+        <source>No design matches “%@”.</source>
+        <translation>Kein Design passt zu „%@“.</translation>
+    </message>
+    <message>
+        <source>Placeholders</source>
+        <translation>Platzhalter</translation>
     </message>
     <message>
         <source>&amp;Show:</source>
@@ -463,6 +491,14 @@
     <message>
         <source>CFBundleName is missing; the folder's name stands in.</source>
         <translation>CFBundleName fehlt; der Name des Ordners tritt an seine Stelle.</translation>
+    </message>
+    <message>
+        <source>Change Color</source>
+        <translation>Farbe ändern</translation>
+    </message>
+    <message>
+        <source>Change Color…</source>
+        <translation>Farbe ändern …</translation>
     </message>
     <message>
         <source>Choose a Picture</source>
@@ -593,12 +629,20 @@
         <translation>Flexibler Abstand</translation>
     </message>
     <message>
+        <source>Fold or Unfold</source>
+        <translation>Auf- oder zuklappen</translation>
+    </message>
+    <message>
         <source>Go</source>
         <translation>Los</translation>
     </message>
     <message>
         <source>Go to Line</source>
         <translation>Gehe zu Zeile</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Code</translation>
     </message>
     <message>
         <source>Go to Line…</source>
@@ -778,7 +822,7 @@
     </message>
     <message>
         <source>Revert To Saved</source>
-        <translation>Gesicherte Fassung</translation>
+        <translation>Zurücksetzen</translation>
     </message>
     <message>
         <source>Reverts selected design to last saved state.</source>

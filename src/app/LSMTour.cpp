@@ -36,7 +36,11 @@ public:
 
     bool visit(const QString &type, const QString &look)
     {
-        bool written = m_controller.outlineViewController()->selectFirstDesignForGroupKey(type);
+        if (!m_controller.outlineViewController()->selectFirstDesignForGroupKey(type)) {
+            std::fprintf(stderr, "layoutsmith: there is no %s design to show\n", qPrintable(type));
+            return false;
+        }
+        bool written = true;
         LSMDesignEditorViewController *editor = m_controller.editorViewController();
         for (int tab = 0; tab < int(std::size(tabNames)); ++tab) {
             editor->setSelectedTab(tab);

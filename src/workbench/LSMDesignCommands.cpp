@@ -1,9 +1,8 @@
-// The commands on designs: the half of LSMMainWindowController that makes, duplicates, saves,
-// reverts, reveals and deletes them.
-#include "workbench/LSMMainWindowController.h"
+#include "workbench/LSMDesignCommands.h"
 
 #include "kit/ui/ZQRunAlertPanel.h"
 #include "library/LSMDesignKeys.h"
+#include "library/LSMDesignTemplateManager.h"
 #include "platform/Assert.h"
 #include "platform/Bundle.h"
 #include "platform/Log.h"
@@ -36,13 +35,25 @@ QStringList issuesOf(const LSMDesignTemplate &design, const LSMDesignTemplateMan
 
 } // namespace
 
-QString LSMMainWindowController::identifierStringFromTitle(const QString &title)
+LSMDesignCommands::LSMDesignCommands(LSMDesignTemplateManager *manager,
+                                     LSMOutlineViewController *outline,
+                                     LSMDesignEditorViewController *editor, QObject *parent)
+    : QObject(parent), m_manager(manager), m_outline(outline), m_editor(editor)
+{
+}
+
+LSMDesignTemplate *LSMDesignCommands::selectedDesign() const
+{
+    return m_outline->selectedDesign();
+}
+
+QString LSMDesignCommands::identifierStringFromTitle(const QString &title)
 {
     return platform::format(QStringLiteral("com.myserver.%@"),
                             title.trimmed().replace(u' ', u'-').toLower());
 }
 
-void LSMMainWindowController::insertDesign(std::shared_ptr<LSMDesignTemplate> design)
+void LSMDesignCommands::insertDesign(std::shared_ptr<LSMDesignTemplate> design)
 {
     LSMDesignTemplate *inserted = design.get();
     m_manager->addCustomDesign(std::move(design));
@@ -50,22 +61,21 @@ void LSMMainWindowController::insertDesign(std::shared_ptr<LSMDesignTemplate> de
     m_outline->reloadDesign(inserted);
 }
 
-void LSMMainWindowController::createNewDesignAction(QObject *)
+void LSMDesignCommands::createNewDesign()
 {
     const LSMDesignTemplate *selected = selectedDesign();
-    const auto clashes = [&](const QString &value, const QString &key) {
-        return selected && m_manager->hasDesignNotEqualToDesign(selected, value, key);
-    };
-    if (selected && (clashes(selected->templateName(), name) ||
-                     clashes(selected->templateIdentifier(), identifier)))
+    if (selected &&
+        (m_manager->hasDesignNotEqualToDesign(selected, selected->templateName(), name) ||
+         m_manager->hasDesignNotEqualToDesign(selected, selected->templateIdentifier(),
+                                              identifier)))
         return;
     createNewTemplate();
     if (LSMDesignTemplate *created = selectedDesign())
         created->setTemplateShouldBeSaved(true);
-    selectionDidChange();
+    m_editor->editName();
 }
 
-void LSMMainWindowController::createNewTemplate()
+void LSMDesignCommands::createNewTemplate()
 {
     const QString title = m_manager->uniquifyDesignTitle(localized("New Design"));
     auto design = LSMDesignTemplate::templateWithTitle(title, {}, customType);
@@ -74,12 +84,7 @@ void LSMMainWindowController::createNewTemplate()
     insertDesign(std::move(design));
 }
 
-void LSMMainWindowController::duplicateAction(QObject *)
-{
-    duplicateSelectedTemplate();
-}
-
-void LSMMainWindowController::duplicateSelectedTemplate()
+void LSMDesignCommands::duplicate()
 {
     const LSMDesignTemplate *selected = selectedDesign();
     auto copy = selected ? selected->copy() : nullptr;
@@ -98,10 +103,9 @@ void LSMMainWindowController::duplicateSelectedTemplate()
     copy->setTemplatePath({});
     copy->setTemplateShouldBeSaved(true);
     insertDesign(std::move(copy));
-    selectionDidChange();
 }
 
-bool LSMMainWindowController::canSaveDesign(LSMDesignTemplate *design)
+bool LSMDesignCommands::canSaveDesign(LSMDesignTemplate *design)
 {
     const QStringList issues = issuesOf(*design, *m_manager);
     if (issues.isEmpty())
@@ -116,7 +120,7 @@ bool LSMMainWindowController::canSaveDesign(LSMDesignTemplate *design)
                            localized("Cancel"), {}, message) == ZQAlertFirstButtonReturn;
 }
 
-bool LSMMainWindowController::saveDesign(LSMDesignTemplate *design)
+bool LSMDesignCommands::saveDesign(LSMDesignTemplate *design)
 {
     PLATFORM_ASSERT(design->isCustomDesignTemplate(), "Must not save builtin designs");
     if (!canSaveDesign(design))
@@ -127,11 +131,11 @@ bool LSMMainWindowController::saveDesign(LSMDesignTemplate *design)
         return false;
     }
     design->setTemplateShouldBeSaved(false);
-    updateEdited();
+    Q_EMIT editedStateDidChange(m_manager->hasUnsavedDesigns());
     return true;
 }
 
-void LSMMainWindowController::saveAction(QObject *)
+void LSMDesignCommands::save()
 {
     LSMDesignTemplate *design = selectedDesign();
     if (!design || !design->templateShouldBeSaved())
@@ -143,7 +147,7 @@ void LSMMainWindowController::saveAction(QObject *)
     m_editor->updateFacts();
 }
 
-void LSMMainWindowController::saveAllAction(QObject *)
+void LSMDesignCommands::saveAll()
 {
     const auto designs = m_manager->designTemplateGroupForType(customType)->designTemplates();
     for (const auto &design : designs) {
@@ -151,11 +155,10 @@ void LSMMainWindowController::saveAllAction(QObject *)
             saveDesign(design.get());
     }
     m_editor->updateFacts();
-    m_window->setWindowModified(false);
-    updateStatus();
+    Q_EMIT editedStateDidChange(false);
 }
 
-void LSMMainWindowController::revertAction(QObject *)
+void LSMDesignCommands::revert()
 {
     LSMDesignTemplate *design = selectedDesign();
     if (!design || !design->isCustomDesignTemplate() || design->templatePath().isNull()) {
@@ -165,10 +168,9 @@ void LSMMainWindowController::revertAction(QObject *)
     design->revertToSaved();
     m_outline->reloadDesign(design);
     m_editor->reloadData();
-    selectionDidChange();
 }
 
-void LSMMainWindowController::revealAction(QObject *)
+void LSMDesignCommands::reveal()
 {
     const LSMDesignTemplate *design = selectedDesign();
     if (!design || design->templatePath().isNull() ||
@@ -177,7 +179,7 @@ void LSMMainWindowController::revealAction(QObject *)
         QApplication::beep();
 }
 
-void LSMMainWindowController::deleteAction(QObject *)
+void LSMDesignCommands::remove()
 {
     if (!selectedDesign() || !selectedDesign()->isCustomDesignTemplate()) {
         QApplication::beep();
@@ -185,38 +187,21 @@ void LSMMainWindowController::deleteAction(QObject *)
     }
     if (ZQRunAlertPanel(localized("Delete Design"),
                         localized("Do you want to delete the selected design?"),
-                        localized("Delete"), localized("Cancel")) == ZQAlertFirstButtonReturn)
-        deleteTemplate();
+                        localized("Delete"), localized("Cancel")) != ZQAlertFirstButtonReturn)
+        return;
+    if (LSMDesignTemplate *design = selectedDesign())
+        deleteTemplate(design);
 }
 
-void LSMMainWindowController::deleteTemplate()
+void LSMDesignCommands::deleteTemplate(LSMDesignTemplate *design)
 {
-    if (LSMDesignTemplate *design = selectedDesign()) {
-        const QString path = design->templatePath();
-        m_manager->deleteDesignTemplate(design);
-        m_outline->reloadData();
-        m_editor->reloadData();
-        selectionDidChange();
-        if (!path.isNull() && QFileInfo::exists(path))
-            ZQRunAlertPanel(localized("Delete Design"),
-                            localized("The design could not be removed from the disk, and comes "
-                                      "back at the next start:\n\n%@"),
-                            localized("OK"), {}, {}, path);
-    }
-}
-
-bool LSMMainWindowController::validateSaveAction(QObject *)
-{
-    const LSMDesignTemplate *design = selectedDesign();
-    return design && design->templateShouldBeSaved() && design->isCustomDesignTemplate();
-}
-
-bool LSMMainWindowController::validateSaveAllAction(QObject *)
-{
-    return m_manager->hasUnsavedDesigns();
-}
-
-bool LSMMainWindowController::validateDuplicateAction(QObject *)
-{
-    return selectedDesign();
+    const QString path = design->templatePath();
+    m_manager->deleteDesignTemplate(design);
+    m_outline->reloadData();
+    m_editor->reloadData();
+    if (!path.isNull() && QFileInfo::exists(path))
+        ZQRunAlertPanel(localized("Delete Design"),
+                        localized("The design could not be removed from the disk, and comes "
+                                  "back at the next start:\n\n%@"),
+                        localized("OK"), {}, {}, path);
 }

@@ -1,8 +1,10 @@
 // The HTML tab of the design editor: the code editor, its popups, and a text of its own for each
 // design.
 
+#include "editor/MGSExtraInterfaceController.h"
 #include "editor/MGSFragariaView.h"
 #include "editor/SMLTextView.h"
+#include "kit/ui/ZQViewExtensions.h"
 #include "platform/Appearance.h"
 #include "platform/Bundle.h"
 #include "platform/PropertyList.h"
@@ -49,6 +51,10 @@ void LSMDesignEditorViewController::configureFragariaView()
     view->setTabWidth(2);
     view->setIndentWithSpaces(true);
     view->setSyntaxDefinitionName(QStringLiteral("HTML"));
+    view->setMarksChangedLines(true);
+    view->setShowsTagPartners(true);
+    view->setShowsColourSwatches(true);
+    view->setFoldsLines(true);
     view->setTextViewDelegate(this);
     view->textView()->setRichText(false);
     view->textView()->setAccessibleName(localized("HTML of the design"));
@@ -59,6 +65,16 @@ void LSMDesignEditorViewController::configureFragariaView()
 QList<QAction *> LSMDesignEditorViewController::textCommands() const
 {
     return m_ui->fragariaView->findBar()->commands();
+}
+
+QMenu *LSMDesignEditorViewController::codeMenu() const
+{
+    return m_ui->fragariaView->textView()->interfaceController()->contextMenu();
+}
+
+void LSMDesignEditorViewController::printSource()
+{
+    m_ui->fragariaView->textView()->runPrintPanel(m_design->templateName());
 }
 
 // Text and paint are told apart on dark ground by colours of their own.
@@ -96,8 +112,9 @@ void LSMDesignEditorViewController::populatePlaceholderMenu()
     const auto list = platform::PropertyList::parse(file.readAll());
     const QVariantMap placeholders = list ? list->root.toMap() : QVariantMap();
     for (auto entry = placeholders.cbegin(); entry != placeholders.cend(); ++entry) {
-        menu->addAction(localizedIn(QStringLiteral("Placeholder"), entry.key()), this,
-                        [this, text = entry->toString()] { insertPlaceholder(text); });
+        menu->addAction(
+            zq::withoutMnemonic(localizedIn(QStringLiteral("Placeholder"), entry.key())), this,
+            [this, text = entry->toString()] { insertPlaceholder(text); });
     }
     m_ui->placeholderPopup->setMenu(menu);
     m_ui->layoutPopup->setText(localized("Layouts"));
@@ -128,8 +145,8 @@ void LSMDesignEditorViewController::updateLayoutPopupForTemplate(LSMDesignTempla
             break; // nor has any marker behind it an end
         const QString name = html.mid(at, end - at).remove(layoutMarker).replace(u'_', u' ');
         const TextRange range{at, layoutMarker.size()};
-        menu->addAction(localizedIn(QStringLiteral("DesignProperties"), name), this,
-                        [this, range] { layoutMenuSelected(range); });
+        menu->addAction(zq::withoutMnemonic(localizedIn(QStringLiteral("DesignProperties"), name)),
+                        this, [this, range] { layoutMenuSelected(range); });
     }
 }
 
@@ -164,6 +181,15 @@ void LSMDesignEditorViewController::showSource()
     }
     if (m_design)
         view->reloadString(m_design->htmlSourceCode());
+    noteSaved(m_design);
+}
+
+// Also after a revert, which clears the design's mark before the text is brought back.
+void LSMDesignEditorViewController::noteSaved(LSMDesignTemplate *design)
+{
+    const auto document = m_documents.find(design);
+    if (document != m_documents.end() && !design->templateShouldBeSaved())
+        platform::TextUndo::of(document->second.text.get()).markClean();
 }
 
 LSMDesignEditorViewController::Document &
@@ -177,6 +203,8 @@ LSMDesignEditorViewController::documentOf(LSMDesignTemplate *design)
         if (m_shownDesign == design)
             m_shownDesign = nullptr;
     });
+    connect(design, &LSMDesignTemplate::templateShouldBeSavedDidChange, this,
+            [this, design] { noteSaved(design); });
     Document document{std::make_shared<platform::TextStorage>(), {}, {}};
     document.text->setString(design->htmlSourceCode());
     return m_documents.emplace(design, document).first->second;

@@ -4,6 +4,7 @@
 #include "editor/SMLTextView.h"
 #include "kit/ui/OpenPanel.h"
 #include "kit/ui/TintedIcon.h"
+#include "kit/ui/ZQViewExtensions.h"
 #include "kit/ZQImageExtensions.h"
 #include "library/LSMDesignKeys.h"
 #include "platform/Assert.h"
@@ -28,6 +29,7 @@ namespace {
 
 constexpr auto previewDelay = 500ms;
 constexpr QSize largestPicture(300, 300);
+constexpr int narrowPage = 620; // below, picture and fields do not fit side by side
 constexpr const char *segmentLabels[] = {localizable("Design"), localizable("HTML"),
                                          localizable("Samples"), localizable("Properties"),
                                          localizable("Store")};
@@ -35,6 +37,13 @@ constexpr const char *segmentLabels[] = {localizable("Design"), localizable("HTM
 QString listed(const QStringList &names)
 {
     return names.isEmpty() ? localized("None") : names.join(QStringLiteral(" · "));
+}
+
+// A text that is too long shows its start, and all of it in the tool tip.
+void show(QLineEdit *field, const QString &text)
+{
+    field->setText(text);
+    field->setCursorPosition(0);
 }
 
 } // namespace
@@ -91,6 +100,8 @@ void LSMDesignEditorViewController::viewDidLoad()
 void LSMDesignEditorViewController::configureFields()
 {
     const auto bindText = [this](QLineEdit *field, QLatin1StringView key) {
+        connect(field, &QLineEdit::textChanged, this,
+                [field](const QString &text) { field->setToolTip(zq::plainToolTip(text)); });
         connect(field, &QLineEdit::textEdited, this, [this, key](const QString &text) {
             if (!m_design)
                 return;
@@ -98,6 +109,7 @@ void LSMDesignEditorViewController::configureFields()
             markDirty();
         });
     };
+    m_ui->designTab->installEventFilter(this);
     bindText(m_ui->templateNameTextField, LSMDesignKeys::name);
     bindText(m_ui->templateIdentifierTextField, LSMDesignKeys::identifier);
     connect(m_ui->choosePictureButton, &QPushButton::clicked, this,
@@ -116,12 +128,21 @@ void LSMDesignEditorViewController::configureFields()
     connect(m_ui->samplesList, &QListWidget::itemActivated, this, openSample);
 }
 
+// A narrow page has the picture below the fields.
+bool LSMDesignEditorViewController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_ui->designTab && event->type() == QEvent::Resize)
+        m_ui->designLayout->setDirection(m_ui->designTab->width() < narrowPage
+                                             ? QBoxLayout::BottomToTop
+                                             : QBoxLayout::LeftToRight);
+    return false;
+}
+
 void LSMDesignEditorViewController::configureSplitter()
 {
-    for (int side = 0; side < 2; ++side) {
-        m_ui->htmlSplitter->widget(side)->setMinimumSize(160, 120);
+    m_ui->previewWebView->setMinimumSize(160, 120);
+    for (int side = 0; side < 2; ++side)
         m_ui->htmlSplitter->setStretchFactor(side, 1);
-    }
     m_ui->htmlSplitter->setSizes({1000, 1000});
 }
 
@@ -162,9 +183,8 @@ void LSMDesignEditorViewController::selectedDesignDidChange(LSMDesignTemplate *d
 
 void LSMDesignEditorViewController::reloadData()
 {
-    m_ui->templateNameTextField->setText(m_design ? m_design->templateName() : QString());
-    m_ui->templateIdentifierTextField->setText(m_design ? m_design->templateIdentifier()
-                                                        : QString());
+    show(m_ui->templateNameTextField, m_design ? m_design->templateName() : QString());
+    show(m_ui->templateIdentifierTextField, m_design ? m_design->templateIdentifier() : QString());
     updateLayoutPopupForTemplate(m_design);
     showSource();
     m_ui->designIconImageView->setImage(m_design ? m_design->templateImage() : QImage());
@@ -189,8 +209,7 @@ void LSMDesignEditorViewController::updateEnabling()
 // Stands in for all tabs while there is nothing to show in them.
 void LSMDesignEditorViewController::updateEmptyView()
 {
-    bool any = false;
-    m_manager->enumerateDesignsUsingBlock([&any](auto *, bool &stop) { any = stop = true; });
+    const bool any = m_manager->firstDesign([](const auto &) { return true; });
     m_ui->emptyIcon->setPixmap(zq::tintedIcon(QStringLiteral("CustomDesigns")).pixmap(48));
     m_ui->emptyText->setText(any ? localized("No design is selected.")
                                  : localized("There are no designs yet. Make the first one, or "
@@ -209,7 +228,6 @@ void LSMDesignEditorViewController::updateFacts()
     if (m_design && location.isNull())
         location = localized("Not saved yet");
     m_ui->locationText->setText(location);
-    m_ui->locationText->setCursorPosition(0);
     updateSamples();
     updateProperties();
     updateStore();
@@ -227,10 +245,8 @@ void LSMDesignEditorViewController::updateSamples()
 {
     m_ui->samplesList->clear();
     const QString date = m_design ? m_design->layoutPreviewGenerationDateString() : QString();
-    const QDir folder(m_design && !m_design->templatePath().isNull()
-                          ? m_design->templatePath() + u'/' + LSMDesignKeys::layoutSamplesFolder
-                          : QString());
-    if (!folder.path().isEmpty() && folder.path() != u".") {
+    if (m_design && !m_design->templatePath().isNull()) {
+        const QDir folder(m_design->templatePath() + u'/' + LSMDesignKeys::layoutSamplesFolder);
         for (const QFileInfo &sample :
              folder.entryInfoList({QStringLiteral("*.html")}, QDir::Files)) {
             auto *item = new QListWidgetItem(sample.completeBaseName().replace(u'_', u' '),
@@ -271,8 +287,12 @@ void LSMDesignEditorViewController::updateStore()
 void LSMDesignEditorViewController::reloadPreviewFromSourceCodeTextView()
 {
     m_previewDelay.stop();
+    const bool isSameDesign = m_design == m_previewedDesign;
+    m_previewedDesign = m_design;
     m_ui->previewWebView->loadData(LSMPreviewDocument(m_ui->fragariaView->string()),
-                                   QStringLiteral("text/html"), QStringLiteral("utf-8"));
+                                   QStringLiteral("text/html"), QStringLiteral("utf-8"),
+                                   isSameDesign ? platform::DocumentScroll::Keep
+                                                : platform::DocumentScroll::Top);
 }
 
 void LSMDesignEditorViewController::markDirty()
@@ -316,6 +336,20 @@ void LSMDesignEditorViewController::setSelectedTab(int tab)
     m_ui->tabView->setCurrentIndex(tab);
     m_ui->segmentedControl->setSelectedSegment(tab);
     Q_EMIT selectedTabDidChange();
+}
+
+void LSMDesignEditorViewController::editName()
+{
+    setSelectedTab(DesignTab);
+    m_ui->templateNameTextField->setFocus(Qt::ShortcutFocusReason);
+    m_ui->templateNameTextField->selectAll();
+}
+
+void LSMDesignEditorViewController::focusSelectedTab()
+{
+    QWidget *const first[] = {m_ui->templateNameTextField, m_ui->fragariaView->textView(),
+                              m_ui->samplesList, m_ui->propertiesView, m_ui->paidSwitch};
+    first[m_selectedTab]->setFocus(Qt::OtherFocusReason);
 }
 
 void LSMDesignEditorViewController::switchToViewWithSenderTag(QObject *sender)

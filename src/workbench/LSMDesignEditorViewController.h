@@ -26,7 +26,6 @@ class WebView;
 class LSMDesignEditorViewController : public QObject, private MGSFragariaTextViewDelegate
 {
     Q_OBJECT
-    Q_PROPERTY(int selectedTab READ selectedTab WRITE setSelectedTab NOTIFY selectedTabDidChange)
 
 public:
     enum Tab { DesignTab, HtmlTab, SamplesTab, PropertiesTab, StoreTab };
@@ -49,6 +48,11 @@ public:
     void updateFacts();
 
     QList<QAction *> textCommands() const; ///< Of the code editor, for a menu: to find and replace.
+    QMenu *codeMenu() const;               ///< Its commands on code.
+    void printSource();                    ///< Of the selected design; there must be one.
+
+    void editName();         ///< Puts the keyboard into the name, all of it selected.
+    void focusSelectedTab(); ///< Puts the keyboard into what the tab begins with.
 
     int selectedTab() const { return m_selectedTab; }
     void setSelectedTab(int tab);
@@ -61,6 +65,8 @@ public:
     void reloadPreviewFromSourceCodeTextView();
     void choosePicture();                        ///< By a file dialog; as a drop.
     void insertPlaceholder(const QString &text); ///< In place of the selection.
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     void selectedTabDidChange();
@@ -86,6 +92,7 @@ private:
     void updateLayoutPopupForTemplate(LSMDesignTemplate *design);
     void layoutMenuSelected(platform::TextRange range);
     void showSource();
+    void noteSaved(LSMDesignTemplate *design);
     Document &documentOf(LSMDesignTemplate *design);
     bool shouldChangeTextInRanges(platform::TextView *view,
                                   const std::vector<platform::TextRange> &ranges,
@@ -108,6 +115,7 @@ private:
     QPointer<QWidget> m_view;
     LSMDesignTemplateManager *m_manager = nullptr;
     QPointer<LSMDesignTemplate> m_design;
+    QPointer<LSMDesignTemplate> m_previewedDesign;
     LSMDesignTemplate *m_shownDesign = nullptr; // whose text the editor has
     std::unordered_map<LSMDesignTemplate *, Document> m_documents;
     QTimer m_previewDelay;

@@ -39,7 +39,6 @@ LSMImageView::LSMImageView(QWidget *parent) : QWidget(parent)
 {
     setAcceptDrops(true);
     setAccessibleName(platform::localized("Picture of the design"));
-    setMinimumSize(160, 120);
 }
 
 void LSMImageView::setImage(const QImage &image)

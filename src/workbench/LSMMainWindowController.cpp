@@ -1,5 +1,6 @@
 #include "workbench/LSMMainWindowController.h"
 
+#include "kit/ui/ElidedLabel.h"
 #include "kit/ui/FirstResponder.h"
 #include "kit/ui/TargetAction.h"
 #include "kit/ui/TintedIcon.h"
@@ -11,6 +12,7 @@
 #include "platform/NotificationCenter.h"
 #include "platform/UserDefaults.h"
 #include "ui_LSMMainWindowController.h"
+#include "workbench/LSMDesignCommands.h"
 #include "workbench/LSMDesignEditorViewController.h"
 #include "workbench/LSMNotifications.h"
 #include "workbench/LSMOutlineViewController.h"
@@ -18,6 +20,9 @@
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <QScreen>
 
 using platform::localized;
 using platform::UserDefaults;
@@ -27,6 +32,7 @@ namespace {
 const QString geometryKey = QStringLiteral("mainWindowGeometry");
 const QString sidebarKey = QStringLiteral("mainWindowSidebarWidth");
 constexpr int sidebarWidth = 270;
+constexpr double roomForTheFrame = 0.94; // a first window takes no more of the screen
 
 } // namespace
 
@@ -60,6 +66,7 @@ void LSMMainWindowController::windowDidLoad()
     m_editor = new LSMDesignEditorViewController(this);
     m_editor->setDesignTemplateManager(m_manager);
     zq::fillWithSubview(m_ui->rightContainerView, m_editor->view());
+    m_commands = new LSMDesignCommands(m_manager, m_outline, m_editor, this);
 
     setupToolbar();
     setupMenus();
@@ -84,6 +91,10 @@ void LSMMainWindowController::setupSidebar()
             &LSMOutlineViewController::setSearchText);
     connect(m_outline, &LSMOutlineViewController::searchDidEnd, m_ui->searchField,
             &QLineEdit::clear);
+    connect(m_ui->outlineView, &QTreeView::activated, m_editor,
+            &LSMDesignEditorViewController::focusSelectedTab);
+    connect(m_ui->outlineView, &LSMOutlineView::contextMenuWasAskedFor, this,
+            &LSMMainWindowController::showOutlineMenu);
 }
 
 void LSMMainWindowController::setupToolbar()
@@ -107,6 +118,8 @@ void LSMMainWindowController::setupMenus()
     m_ui->outlineView->addAction(m_ui->actionDelete); // elsewhere these keys delete a word
     m_ui->menuEdit->insertActions(m_ui->actionSearchDesigns, m_editor->textCommands());
     m_ui->menuEdit->insertSeparator(m_ui->actionSearchDesigns);
+    m_ui->menuEdit->insertMenu(m_ui->actionSearchDesigns, m_editor->codeMenu());
+    m_ui->menuEdit->insertSeparator(m_ui->actionSearchDesigns);
     connect(m_ui->actionQuit, &QAction::triggered, qApp, &QCoreApplication::quit,
             Qt::QueuedConnection);
     m_validation = new zq::ValidationScheduler(m_window.get());
@@ -114,10 +127,7 @@ void LSMMainWindowController::setupMenus()
 
 void LSMMainWindowController::setupStatusBar()
 {
-    m_statusText = new QLabel;
-    m_statusText->setTextFormat(Qt::PlainText);
-    m_statusText->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_statusText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_statusText = new zq::ElidedLabel;
     m_countText = new QLabel;
     m_ui->statusBar->addWidget(m_statusText, 1);
     m_ui->statusBar->addPermanentWidget(m_countText);
@@ -130,9 +140,18 @@ void LSMMainWindowController::followEditor()
         this, LSMSelectedDesignDidChange, m_outline,
         [this](const auto &) { selectionDidChange(); });
     connect(m_editor, &LSMDesignEditorViewController::documentWasEdited, this,
-            [this] { m_window->setWindowModified(true); });
-    connect(m_editor, &LSMDesignEditorViewController::selectedTabDidChange, m_validation,
-            &zq::ValidationScheduler::validateSoon);
+            [this] { setEdited(true); });
+    connect(m_commands, &LSMDesignCommands::editedStateDidChange, this,
+            &LSMMainWindowController::setEdited);
+    connect(m_outline, &LSMOutlineViewController::shownDesignsDidChange, this,
+            &LSMMainWindowController::updateStatus);
+    const auto followTab = [this] {
+        m_editor->codeMenu()->setEnabled(m_editor->selectedTab() ==
+                                         LSMDesignEditorViewController::HtmlTab);
+        validateSoon();
+    };
+    connect(m_editor, &LSMDesignEditorViewController::selectedTabDidChange, this, followTab);
+    followTab();
     connect(m_editor, &LSMDesignEditorViewController::duplicateWasAskedFor, this,
             [this] { duplicateAction(); });
     connect(m_editor, &LSMDesignEditorViewController::newDesignWasAskedFor, this,
@@ -142,7 +161,9 @@ void LSMMainWindowController::followEditor()
 void LSMMainWindowController::restoreGeometry()
 {
     const UserDefaults &defaults = UserDefaults::standardUserDefaults();
-    m_window->restoreGeometry(defaults.object(geometryKey).toByteArray());
+    if (!m_window->restoreGeometry(defaults.object(geometryKey).toByteArray()))
+        m_window->resize(
+            m_window->size().boundedTo(m_window->screen()->availableSize() * roomForTheFrame));
     const int width = int(defaults.integer(sidebarKey));
     m_ui->splitter->setSizes({width > 0 ? width : sidebarWidth, m_window->width()});
     m_window->installEventFilter(this);
@@ -177,12 +198,18 @@ LSMDesignTemplate *LSMMainWindowController::selectedDesign() const
     return m_outline->selectedDesign();
 }
 
+bool LSMMainWindowController::isCustomDesignSelected() const
+{
+    return selectedDesign() && selectedDesign()->isCustomDesignTemplate();
+}
+
 void LSMMainWindowController::selectionDidChange()
 {
     if (m_followedDesign)
         m_followedDesign->disconnect(this);
     m_followedDesign = selectedDesign();
     const auto follow = [this] {
+        updateTitle();
         updateStatus();
         validateSoon();
     };
@@ -202,23 +229,54 @@ void LSMMainWindowController::updateStatus()
     else if (design && design->templateShouldBeSaved())
         state = platform::format(localized("%@ (edited)"), state);
     m_statusText->setText(state);
-    m_statusText->setToolTip(state.toHtmlEscaped());
 
-    std::size_t count = 0;
+    int count = 0;
     for (const auto &group : m_manager->designTemplateGroups())
-        count += group->designTemplates().size();
-    m_countText->setText(count == 1 ? localized("1 design")
-                                    : platform::format(localized("%ld designs"), count));
-    m_window->setWindowTitle(
-        (design ? design->templateName() + QStringLiteral("[*] – ") : QStringLiteral("[*]")) +
-        localized("The Layoutsmith"));
+        count += int(group->designTemplates().size());
+    const QString all = QLocale().toString(count);
+    if (m_outline->isSearching())
+        m_countText->setText(platform::format(
+            localized("%@ of %@ designs"), QLocale().toString(m_outline->shownDesignCount()), all));
+    else
+        m_countText->setText(count == 1 ? localized("1 design")
+                                        : platform::format(localized("%@ designs"), all));
 }
 
-void LSMMainWindowController::updateEdited()
+// The mark in the title is that of the design whose name it follows.
+void LSMMainWindowController::updateTitle()
 {
-    m_window->setWindowModified(m_manager->hasUnsavedDesigns());
-    updateStatus();
+    const LSMDesignTemplate *design = selectedDesign();
+    QString title = localized("The Layoutsmith");
+    if (design)
+        title = design->templateName() +
+                (design->templateShouldBeSaved() ? QStringLiteral("* – ") : QStringLiteral(" – ")) +
+                title;
+    m_window->setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+}
+
+// The edited state is that of all designs, so it does not show in the title.
+void LSMMainWindowController::setEdited(bool edited)
+{
+    m_window->setAttribute(Qt::WA_WindowModified, edited);
     validateSoon();
+}
+
+void LSMMainWindowController::showOutlineMenu(const QPoint &globalPosition, bool onDesign)
+{
+    m_validation->validateNow();
+    auto *menu = new QMenu(m_ui->outlineView);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(m_ui->actionNewDesign);
+    if (onDesign) {
+        menu->addActions({m_ui->actionDuplicate, m_ui->actionRename});
+        menu->addSeparator();
+        menu->addActions({m_ui->actionSave, m_ui->actionRevert});
+        menu->addSeparator();
+        menu->addActions({m_ui->actionReveal, m_ui->actionShowInLB});
+        menu->addSeparator();
+        menu->addAction(m_ui->actionDelete);
+    }
+    menu->popup(globalPosition);
 }
 
 bool LSMMainWindowController::eventFilter(QObject *watched, QEvent *event)

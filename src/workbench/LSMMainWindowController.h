@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
+class LSMDesignCommands;
 class LSMDesignEditorViewController;
 class LSMOutlineViewController;
 
@@ -13,13 +14,14 @@ namespace Ui {
 class LSMMainWindowController;
 }
 namespace zq {
+class ElidedLabel;
 class ValidationScheduler;
-}
+} // namespace zq
 
 /// Owns the one window: the outline at the left, the design editor at the right, the toolbar, and
-/// all commands on the selected design. It decides what may be done when, asks what has to be asked
-/// before a save, and calls the library to do the work. The selected design is always asked from
-/// the outline controller. Owned by AppController; main thread.
+/// all commands on the selected design. It decides what may be done when; what the commands on
+/// designs do stands in LSMDesignCommands. The selected design is always asked from the outline
+/// controller. Owned by AppController; main thread.
 ///
 /// Commands are slots `fooAction(sender)`, reached by name from menus and toolbar; `validateFoo...`
 /// says whether one is enabled. A command whose slot is not there is disabled wherever it stands.
@@ -46,16 +48,6 @@ public:
     /// Brings menus and toolbar up to date when idle, after a change that no input caused.
     void validateSoon();
 
-    /// "com.myserver." and the title without blanks at its ends, in lower case, each blank a
-    /// hyphen.
-    static QString identifierStringFromTitle(const QString &title);
-
-    /// True if nothing speaks against saving, or the user wants to save against the warnings.
-    bool canSaveDesign(LSMDesignTemplate *design);
-
-    /// False only if the design could not be written; true also when the user turned the save down.
-    bool saveDesign(LSMDesignTemplate *design);
-
     // The toolbar's questions
     QStringList toolbarAllowedItemIdentifiers(zq::Toolbar *toolbar) override;
     QStringList toolbarDefaultItemIdentifiers(zq::Toolbar *toolbar) override;
@@ -65,11 +57,13 @@ public:
 public Q_SLOTS:
     void createNewDesignAction(QObject *sender = nullptr);
     void duplicateAction(QObject *sender = nullptr);
+    void renameAction(QObject *sender = nullptr);
     void saveAction(QObject *sender = nullptr);
     void saveAllAction(QObject *sender = nullptr);
     void revertAction(QObject *sender = nullptr);
     void revealAction(QObject *sender = nullptr);
     void deleteAction(QObject *sender = nullptr);
+    void printAction(QObject *sender = nullptr);
     void choosePictureAction(QObject *sender = nullptr);
     void searchDesignsAction(QObject *sender = nullptr);
     void switchToViewWithSenderTag(QObject *sender);
@@ -88,6 +82,8 @@ public:
     Q_INVOKABLE bool validateSaveAction(QObject *item);
     Q_INVOKABLE bool validateSaveAllAction(QObject *item);
     Q_INVOKABLE bool validateDuplicateAction(QObject *item);
+    Q_INVOKABLE bool validateRenameAction(QObject *item);
+    Q_INVOKABLE bool validatePrintAction(QObject *item);
     Q_INVOKABLE bool validateToggleToolbarVisibility(QObject *item);
     Q_INVOKABLE bool validateChoosePictureAction(QObject *item);
     Q_INVOKABLE bool validateSwitchToViewWithSenderTag(QObject *item);
@@ -104,25 +100,25 @@ private:
     void setupMenus();
     void setupStatusBar();
     void followEditor();
+    void showOutlineMenu(const QPoint &globalPosition, bool onDesign);
     void restoreGeometry();
     void saveGeometry() const;
     void selectionDidChange();
     void updateStatus();
-    void updateEdited();
-    void createNewTemplate();
-    void duplicateSelectedTemplate();
-    void deleteTemplate();
-    void insertDesign(std::shared_ptr<LSMDesignTemplate> design);
+    void updateTitle();
+    void setEdited(bool edited);
     LSMDesignTemplate *selectedDesign() const;
+    bool isCustomDesignSelected() const;
 
     LSMDesignTemplateManager *m_manager = nullptr;
     std::unique_ptr<Ui::LSMMainWindowController> m_ui;
     std::unique_ptr<QMainWindow> m_window;
     LSMOutlineViewController *m_outline = nullptr;
     LSMDesignEditorViewController *m_editor = nullptr;
+    LSMDesignCommands *m_commands = nullptr;
     QPointer<LSMDesignTemplate> m_followedDesign; // the selected one
     zq::Toolbar *m_toolbar = nullptr;
     zq::ValidationScheduler *m_validation = nullptr;
-    class QLabel *m_statusText = nullptr;
+    zq::ElidedLabel *m_statusText = nullptr;
     class QLabel *m_countText = nullptr;
 };

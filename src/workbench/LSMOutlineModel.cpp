@@ -1,8 +1,7 @@
 #include "workbench/LSMOutlineModel.h"
 
+#include "kit/ui/ZQViewExtensions.h"
 #include "platform/Bundle.h"
-
-#include <QTextDocument>
 
 namespace {
 
@@ -22,8 +21,8 @@ QString accessibleText(const LSMDesignTemplate &design)
 QString toolTip(const LSMDesignTemplate &design)
 {
     const QString path = design.templatePath();
-    return Qt::convertFromPlainText(design.templateName() + u'\n' +
-                                    (path.isNull() ? platform::localized("Not saved yet") : path));
+    return zq::plainToolTip(design.templateName() + u'\n' +
+                            (path.isNull() ? platform::localized("Not saved yet") : path));
 }
 
 } // namespace

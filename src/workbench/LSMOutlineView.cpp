@@ -1,6 +1,9 @@
 #include "workbench/LSMOutlineView.h"
 
-#include <QMouseEvent>
+#include "platform/Appearance.h"
+
+#include <QContextMenuEvent>
+#include <QPainter>
 
 LSMOutlineView::LSMOutlineView(QWidget *parent) : QTreeView(parent)
 {
@@ -53,7 +56,7 @@ QList<int> LSMOutlineView::selectedRowIndexes() const
 void LSMOutlineView::selectRow(int row)
 {
     const QModelIndex index = indexForRow(row);
-    if (!index.isValid() || !(index.flags() & Qt::ItemIsSelectable)) {
+    if (!isSelectable(index)) {
         selectionModel()->clearSelection();
         return;
     }
@@ -77,10 +80,15 @@ void LSMOutlineView::showEvent(QShowEvent *event)
         reveal(currentIndex());
 }
 
+bool LSMOutlineView::isSelectable(const QModelIndex &index) const
+{
+    return index.flags() & Qt::ItemIsSelectable;
+}
+
 QItemSelectionModel::SelectionFlags LSMOutlineView::selectionCommand(const QModelIndex &index,
                                                                      const QEvent *event) const
 {
-    if (!(index.flags() & Qt::ItemIsSelectable))
+    if (!isSelectable(index))
         return QItemSelectionModel::NoUpdate;
     return QTreeView::selectionCommand(index, event) & ~QItemSelectionModel::Toggle &
            ~QItemSelectionModel::Deselect;
@@ -93,7 +101,7 @@ QModelIndex LSMOutlineView::moveCursor(CursorAction action, Qt::KeyboardModifier
         return start;
     QModelIndex index = QTreeView::moveCursor(action, modifiers);
     const bool up = action == MoveUp || action == MovePrevious || action == MovePageUp;
-    while (index.isValid() && !(index.flags() & Qt::ItemIsSelectable)) {
+    while (index.isValid() && !isSelectable(index)) {
         const QModelIndex next = up && action != MoveHome ? indexAbove(index) : indexBelow(index);
         if (!next.isValid())
             return start;
@@ -105,11 +113,45 @@ QModelIndex LSMOutlineView::moveCursor(CursorAction action, Qt::KeyboardModifier
 void LSMOutlineView::mousePressEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->pos());
-    if (index.isValid() && !(index.flags() & Qt::ItemIsSelectable)) {
+    if (isSelectable(index))
+        return QTreeView::mousePressEvent(event);
+    if (index.isValid() && event->button() == Qt::LeftButton)
         setExpanded(index, !isExpanded(index));
-        event->accept();
-        return;
+    event->accept();
+}
+
+void LSMOutlineView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = byKeyboard ? currentIndex() : indexAt(event->pos());
+    Q_EMIT contextMenuWasAskedFor(byKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
+                                             : event->globalPos(),
+                                  isSelectable(index));
+}
+
+void LSMOutlineView::setNote(const QString &note)
+{
+    m_note = note;
+    setAccessibleDescription(note);
+    viewport()->update();
+}
+
+void LSMOutlineView::paintEvent(QPaintEvent *event)
+{
+    QTreeView::paintEvent(event);
+    QPainter painter(viewport());
+    if (hasFocus() && !selectionModel()->hasSelection()) { // else the row shows it
+        painter.setPen(platform::namedColor(QStringLiteral("accentColor")));
+        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
     }
-    if (index.isValid())
-        QTreeView::mousePressEvent(event);
+    if (m_note.isEmpty())
+        return;
+    QModelIndex last = model()->index(0, 0);
+    while (indexBelow(last).isValid())
+        last = indexBelow(last);
+    painter.setPen(platform::namedColor(QStringLiteral("secondaryLabelColor")));
+    QTextOption option(Qt::AlignHCenter | Qt::AlignTop);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    painter.drawText(viewport()->rect().adjusted(16, visualRect(last).bottom() + 24, -16, 0),
+                     m_note, option);
 }

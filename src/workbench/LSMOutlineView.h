@@ -3,7 +3,8 @@
 #include <QTreeView>
 
 /// The outline's view: one column, groups that open and close but are never selected, neither by
-/// mouse nor by keyboard, and a selection that a click beside the rows leaves alone.
+/// mouse nor by keyboard, and a selection that a click beside the rows leaves alone. A note may
+/// stand below the rows.
 ///
 /// Rows are counted as they stand on screen, from 0, groups included.
 class LSMOutlineView : public QTreeView
@@ -20,14 +21,26 @@ public:
     /// Selects that row alone and scrolls it into view; a row that cannot be selected selects none.
     void selectRow(int row);
 
+    void setNote(const QString &note); ///< Empty: none.
+    QString note() const { return m_note; }
+
+Q_SIGNALS:
+    /// By the right button or the keyboard. `onDesign` is false beside the designs.
+    void contextMenuWasAskedFor(const QPoint &globalPosition, bool onDesign);
+
 protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                          const QEvent *event) const override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void drawBranches(QPainter *, const QRect &, const QModelIndex &) const override {}
     void mousePressEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
     void reveal(const QModelIndex &index);
+    bool isSelectable(const QModelIndex &index) const;
+
+    QString m_note;
 };

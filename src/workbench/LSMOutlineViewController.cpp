@@ -2,6 +2,8 @@
 
 #include "library/LSMDesignKeys.h"
 #include "platform/Assert.h"
+#include "platform/Bundle.h"
+#include "platform/Format.h"
 #include "platform/NotificationCenter.h"
 #include "workbench/LSMNotifications.h"
 #include "workbench/LSMOutlineFilter.h"
@@ -105,6 +107,7 @@ void LSMOutlineViewController::reloadData()
                                                       QItemSelectionModel::ClearAndSelect);
     }
     selectionDidChange();
+    updateNote();
 }
 
 void LSMOutlineViewController::reloadDesign(LSMDesignTemplate *design)
@@ -133,18 +136,34 @@ LSMDesignTemplate *LSMOutlineViewController::templateWithPath(const QString &pat
 
 LSMDesignTemplate *LSMOutlineViewController::templateWithIdentifier(const QString &identifier) const
 {
-    LSMDesignTemplate *found = nullptr;
-    m_manager->enumerateDesignsUsingBlock([&](LSMDesignTemplate *design, bool &stop) {
-        if (!identifier.isNull() && design->templateIdentifier() == identifier) {
-            found = design;
-            stop = true;
-        }
+    if (identifier.isNull())
+        return nullptr;
+    return m_manager->firstDesign([&identifier](const LSMDesignTemplate &design) {
+        return design.templateIdentifier() == identifier;
     });
-    return found;
+}
+
+int LSMOutlineViewController::shownDesignCount() const
+{
+    int count = 0;
+    for (int row = 0; row < m_filter->rowCount(); ++row)
+        count += m_filter->rowCount(m_filter->index(row, 0));
+    return count;
+}
+
+// After every change of what is shown.
+void LSMOutlineViewController::updateNote()
+{
+    m_view->setNote(
+        isSearching() && shownDesignCount() == 0
+            ? platform::format(platform::localized("No design matches “%@”."), m_searchText)
+            : QString());
+    Q_EMIT shownDesignsDidChange();
 }
 
 void LSMOutlineViewController::setSearchText(const QString &text)
 {
+    m_searchText = text.trimmed();
     if (selectedDesign())
         m_hiddenBySearch = selectedDesign();
     {
@@ -157,4 +176,5 @@ void LSMOutlineViewController::setSearchText(const QString &text)
             selectDesign(m_hiddenBySearch);
     }
     selectionDidChange();
+    updateNote();
 }

@@ -49,13 +49,17 @@ public:
     /// Shows only the designs that answer to the text; empty shows all. A selected design that a
     /// search hides is selected again when it comes back.
     void setSearchText(const QString &text);
+    bool isSearching() const { return !m_searchText.isEmpty(); }
+    int shownDesignCount() const; ///< That answer to the search text.
 
 Q_SIGNALS:
     void searchDidEnd(); ///< A search was ended to show a design.
+    void shownDesignsDidChange();
 
 private:
     void selectionDidChange();
     void expandGroups();
+    void updateNote();
     void selectDesign(const LSMDesignTemplate *design);
     QModelIndex viewIndex(const QModelIndex &modelIndex) const;
 
@@ -64,6 +68,7 @@ private:
     LSMOutlineModel *m_model;
     LSMOutlineFilter *m_filter;
     LSMOutlineItemDelegate *m_delegate;
+    QString m_searchText;
     QPointer<LSMDesignTemplate> m_announced; // by the last notification
     QPointer<LSMDesignTemplate> m_hiddenBySearch;
     bool m_reloading = false;

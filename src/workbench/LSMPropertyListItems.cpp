@@ -1,5 +1,6 @@
 #include "workbench/LSMPropertyListItems.h"
 
+#include "kit/ui/ZQViewExtensions.h"
 #include "platform/Bundle.h"
 #include "platform/Format.h"
 #include "platform/PropertyList.h"
@@ -22,7 +23,7 @@ QString valueText(const QVariant &value)
 void addItem(QTreeWidgetItem *parent, const QString &key, const QVariant &value)
 {
     auto *item = new QTreeWidgetItem(parent, {key, valueText(value)});
-    item->setToolTip(1, item->text(1).toHtmlEscaped());
+    item->setToolTip(1, zq::plainToolTip(item->text(1)));
     const QVariantMap map = value.toMap();
     for (auto entry = map.begin(); entry != map.end(); ++entry)
         addItem(item, entry.key(), entry.value());

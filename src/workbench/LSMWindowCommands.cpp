@@ -1,4 +1,4 @@
-// The commands on the window itself, and the toolbar's questions.
+// What the menus and the toolbar ask for, and may ask for.
 #include "workbench/LSMMainWindowController.h"
 
 #include "kit/ui/TargetAction.h"
@@ -9,6 +9,7 @@
 #include "platform/Bundle.h"
 #include "platform/Format.h"
 #include "ui_LSMMainWindowController.h"
+#include "workbench/LSMDesignCommands.h"
 #include "workbench/LSMDesignEditorViewController.h"
 #include "workbench/LSMOutlineViewController.h"
 #include "workbench/LSMToolbarItems.h"
@@ -77,12 +78,82 @@ bool LSMMainWindowController::validateToolbarItem(QObject *item)
     const LSMToolbarItem *description =
         toolbarItem ? LSMToolbarItemWithIdentifier(toolbarItem->itemIdentifier()) : nullptr;
     return description && zq::respondsToAction(this, QString::fromLatin1(description->action)) &&
-           description->isEnabled(m_outline->selectedDesign());
+           description->isEnabled(selectedDesign());
 }
 
 bool LSMMainWindowController::validateMenuItem(QObject *item)
 {
     return ZQMenuItemValidator::validateMenuItem(item, this);
+}
+
+void LSMMainWindowController::createNewDesignAction(QObject *)
+{
+    m_commands->createNewDesign();
+}
+
+void LSMMainWindowController::duplicateAction(QObject *)
+{
+    m_commands->duplicate();
+}
+
+bool LSMMainWindowController::validateDuplicateAction(QObject *)
+{
+    return selectedDesign();
+}
+
+void LSMMainWindowController::printAction(QObject *)
+{
+    m_editor->printSource();
+}
+
+void LSMMainWindowController::renameAction(QObject *)
+{
+    m_editor->editName();
+}
+
+bool LSMMainWindowController::validatePrintAction(QObject *)
+{
+    return selectedDesign();
+}
+
+bool LSMMainWindowController::validateRenameAction(QObject *)
+{
+    return isCustomDesignSelected();
+}
+
+void LSMMainWindowController::saveAction(QObject *)
+{
+    m_commands->save();
+}
+
+bool LSMMainWindowController::validateSaveAction(QObject *)
+{
+    return isCustomDesignSelected() && selectedDesign()->templateShouldBeSaved();
+}
+
+void LSMMainWindowController::saveAllAction(QObject *)
+{
+    m_commands->saveAll();
+}
+
+bool LSMMainWindowController::validateSaveAllAction(QObject *)
+{
+    return m_manager->hasUnsavedDesigns();
+}
+
+void LSMMainWindowController::revertAction(QObject *)
+{
+    m_commands->revert();
+}
+
+void LSMMainWindowController::revealAction(QObject *)
+{
+    m_commands->reveal();
+}
+
+void LSMMainWindowController::deleteAction(QObject *)
+{
+    m_commands->remove();
 }
 
 void LSMMainWindowController::choosePictureAction(QObject *)
@@ -92,7 +163,7 @@ void LSMMainWindowController::choosePictureAction(QObject *)
 
 bool LSMMainWindowController::validateChoosePictureAction(QObject *)
 {
-    return m_outline->selectedDesign() && m_outline->selectedDesign()->isCustomDesignTemplate();
+    return isCustomDesignSelected();
 }
 
 void LSMMainWindowController::searchDesignsAction(QObject *)

@@ -2,13 +2,20 @@
 
 #include "editor/MGSFragariaView.h"
 #include "library/LSMDesignKeys.h"
+#include "platform/NotificationCenter.h"
 #include "platform/PropertyList.h"
 #include "platform/UserDefaults.h"
+#include "workbench/LSMNotifications.h"
 
 #include <QDir>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTranslator>
+#include <QWindow>
 
 namespace {
 
@@ -84,8 +91,11 @@ TEST_F(CommandsTest, NewDesignsGetNamesOfTheirOwnAndAreSelectedDirty)
                           (counter.isEmpty() ? QString() : u'-' + counter));
             EXPECT_TRUE(selected()->templateShouldBeSaved());
             EXPECT_TRUE(selected()->templatePath().isNull());
+            EXPECT_EQ(child<QLineEdit>("templateNameTextField")->selectedText(),
+                      selected()->templateName());
         });
     EXPECT_EQ(made, 3);
+    EXPECT_TRUE(child<QLineEdit>("templateNameTextField")->hasFocus());
 }
 
 TEST_F(CommandsTest, NewDoesNothingWhileTheSelectedNameClashes)
@@ -145,6 +155,23 @@ TEST_F(CommandsTest, SaveWritesTheSelectedDesignAndClearsItsMark)
             EXPECT_EQ(support::readFile(folder + QStringLiteral("/body.html")), "<p>changed</p>");
             support::writeFile(folder + QStringLiteral("/body.html"), "old");
         });
+}
+
+TEST_F(CommandsTest, TheTitleMarksTheDesignThatItNames)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    writeDesign(QStringLiteral("Beta"));
+    launch();
+    selectDirty(QStringLiteral("Alpha"));
+    EXPECT_EQ(window()->windowHandle()->title(), QStringLiteral("Alpha* – The Layoutsmith"));
+    select(QStringLiteral("Beta"));
+    platform::NotificationCenter::defaultCenter().post(LSMDesignPropertyDidChange, selected());
+    EXPECT_TRUE(window()->isWindowModified());
+    pressShortcut("actionSave");
+    EXPECT_TRUE(window()->isWindowModified()) << "Alpha is not saved";
+    EXPECT_EQ(window()->windowHandle()->title(), QStringLiteral("Beta – The Layoutsmith"));
+    pressShortcut("actionSaveAll");
+    EXPECT_FALSE(window()->isWindowModified());
 }
 
 TEST_F(CommandsTest, SaveAllSavesEveryDirtyDesign)
@@ -361,4 +388,40 @@ TEST_F(CommandsTest, WindowAndToolbarComeBackAsTheyWereLeft)
     EXPECT_EQ(commands()->toolbar()->itemIdentifiers(),
               QStringList{QStringLiteral("toolbar_item_delete")});
     EXPECT_EQ(menuItem("actionToggleToolbar")->text(), QStringLiteral("Show Toolbar"));
+}
+
+TEST_F(CommandsTest, AFirstWindowFitsTheScreen)
+{
+    AppController::initialize();
+    controller = std::make_unique<AppController>();
+    controller->applicationDidFinishLaunching();
+    EXPECT_TRUE(QRect(QPoint(), window()->screen()->availableSize())
+                    .contains(QRect(QPoint(), window()->frameSize())));
+}
+
+// In each language, in each menu and in the menu bar.
+TEST_F(CommandsTest, NoLetterLeadsToTwoMenuItems)
+{
+    for (const bool inGerman : {false, true}) {
+        QTranslator german;
+        if (inGerman) {
+            ASSERT_TRUE(german.load(QStringLiteral(":/layoutsmith/translations/layoutsmith_de")));
+            QCoreApplication::installTranslator(&german);
+        }
+        launch();
+        QList<QWidget *> menus = {window()->menuBar()};
+        for (QMenu *menu : window()->menuBar()->findChildren<QMenu *>())
+            menus << menu;
+        EXPECT_GT(menus.size(), 5);
+        for (const QWidget *menu : menus) {
+            QStringList letters;
+            for (const QAction *action : menu->actions()) {
+                const QString key = QKeySequence::mnemonic(action->text()).toString();
+                EXPECT_FALSE(!key.isEmpty() && letters.contains(key))
+                    << action->text().toStdString();
+                letters << key;
+            }
+        }
+        quit();
+    }
 }

@@ -1,7 +1,9 @@
 #include "workbench/WorkbenchFixture.h"
 
+#include "editor/MGSFolding.h"
 #include "editor/MGSFragariaView.h"
 #include "editor/SMLTextView.h"
+#include "kit/ui/ApplicationStyle.h"
 #include "kit/ui/OpenPanel.h"
 #include "kit/ui/SegmentedControl.h"
 #include "library/LSMDesignKeys.h"
@@ -18,6 +20,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 
 class EditorTest : public WorkbenchTest
 {
@@ -30,6 +33,14 @@ protected:
         for (const QAction *action : menu->actions())
             titles += action->text();
         return titles;
+    }
+    QList<bool> previewsFromTop() const
+    {
+        QList<bool> result;
+        for (const QVariant &fromTop :
+             child<QWidget>("recordingWebWidget")->property("fromTop").toList())
+            result << fromTop.toBool();
+        return result;
     }
     QLineEdit *nameField() const { return child<QLineEdit>("templateNameTextField"); }
     QStringList previews() const
@@ -94,6 +105,22 @@ TEST_F(EditorTest, ThePreviewLoadsOnceHalfASecondAfterTheLastKey)
     EXPECT_TRUE(previews().last().contains(QStringLiteral("xyz<p>a</p>")));
     EXPECT_TRUE(selected()->templateShouldBeSaved());
     EXPECT_EQ(selected()->htmlSourceCode(), QStringLiteral("xyz<p>a</p>"));
+}
+
+TEST_F(EditorTest, ThePreviewStaysWhereItIsButForAnotherDesign)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    writeDesign(QStringLiteral("Beta"));
+    launch();
+    pressShortcut("actionViewHtml");
+    ASSERT_TRUE(support::waitUntil([&] { return previews().size() == 1; }));
+    type(source(), QStringLiteral("x"));
+    ASSERT_TRUE(support::waitUntil([&] { return previews().size() == 2; }));
+    pressShortcut("actionRevert");
+    select(QStringLiteral("Beta"));
+    pressShortcut("actionReloadPreview");
+    ASSERT_TRUE(support::waitUntil([&] { return previews().size() == 5; }));
+    EXPECT_EQ(previewsFromTop(), QList<bool>({true, false, false, true, false}));
 }
 
 TEST_F(EditorTest, TypingCanBeUndoneAndRedoneFromTheMenu)
@@ -209,6 +236,29 @@ TEST_F(EditorTest, ARevertKeepsTheCaretAndCanBeUndone)
     EXPECT_TRUE(selected()->templateShouldBeSaved());
 }
 
+TEST_F(EditorTest, SavingAndRevertingMakeTheTextTheSavedOne)
+{
+    writeDesign(QStringLiteral("Alpha"), Group::Custom, "one\ntwo\n");
+    writeDesign(QStringLiteral("Beta"), Group::Custom, "one\ntwo\n");
+    launch();
+    pressShortcut("actionViewHtml");
+    const auto isSaved = [this] {
+        return source()->undoHistory().isClean();
+    };
+    EXPECT_TRUE(isSaved());
+    for (const char *command : {"actionRevert", "actionSave"}) {
+        type(source(), QStringLiteral("x"));
+        EXPECT_FALSE(isSaved());
+        pressShortcut(command);
+        EXPECT_TRUE(isSaved()) << command;
+    }
+    type(source(), QStringLiteral("x"));
+    select(QStringLiteral("Beta"));
+    EXPECT_TRUE(isSaved());
+    select(QStringLiteral("Alpha"));
+    EXPECT_FALSE(isSaved());
+}
+
 TEST_F(EditorTest, BuiltInDesignsAreNotEdited)
 {
     writeDesign(QStringLiteral("Built"), Group::BuiltIn);
@@ -224,6 +274,74 @@ TEST_F(EditorTest, BuiltInDesignsAreNotEdited)
     QTest::mouseClick(child<QPushButton>("bannerButton"), Qt::LeftButton);
     EXPECT_EQ(selected()->templateName(), QStringLiteral("Built 1"));
     EXPECT_FALSE(child<QWidget>("banner")->isVisible());
+}
+
+TEST_F(EditorTest, ANarrowPageLeavesTheFieldsTheirWidth)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    launch();
+    const auto frame = [this](const QWidget *view) {
+        return QRect(view->mapTo(window(), QPoint()), view->size());
+    };
+    const QWidget *picture = child<LSMImageView>("designIconImageView");
+    EXPECT_LT(frame(picture).right(), frame(nameField()).left());
+    window()->resize(700, 450);
+    EXPECT_TRUE(
+        support::waitUntil([&] { return frame(picture).top() > frame(nameField()).bottom(); }));
+    EXPECT_GT(nameField()->width(), 200);
+    window()->resize(1000, 450);
+    EXPECT_TRUE(
+        support::waitUntil([&] { return frame(picture).right() < frame(nameField()).left(); }));
+    EXPECT_EQ(picture->size(), picture->sizeHint());
+}
+
+TEST_F(EditorTest, NamesShowTheirStartAndAreShownAsTyped)
+{
+    const QString name = QStringLiteral("<b>R&B</b> [*] ").repeated(20).trimmed();
+    writeDesign(QStringLiteral("Alpha"), Group::Custom, "LBLayoutEnabled_R&B]",
+                {{LSMDesignKeys::name, name}});
+    writeDesign(QStringLiteral("Beta"));
+    launch();
+    EXPECT_EQ(nameField()->text(), name);
+    EXPECT_EQ(nameField()->cursorPosition(), 0);
+    EXPECT_TRUE(nameField()->toolTip().contains(QStringLiteral("&lt;b&gt;R&amp;B")));
+    EXPECT_EQ(window()->windowHandle()->title(), name + QStringLiteral(" – The Layoutsmith"));
+    EXPECT_EQ(titlesIn(popup("layoutPopup")), QStringList{QStringLiteral("R&&B")});
+    select(QStringLiteral("Beta"));
+    EXPECT_EQ(window()->windowHandle()->title(), QStringLiteral("Beta – The Layoutsmith"));
+}
+
+TEST_F(EditorTest, EveryTabStopShowsThatItHasTheKeyboard)
+{
+    zq::installApplicationStyle();
+    writeDesign(QStringLiteral("Alpha"));
+    writeDesign(QStringLiteral("Built"), Group::BuiltIn);
+    launch();
+    QWidget *bar = new QWidget(window()); // has the keyboard in between
+    QSet<QString> seen;
+    for (const char *title : {"Alpha", "Built"}) {
+        select(QString::fromLatin1(title));
+        for (int tab = 0; tab < 5; ++tab) {
+            editor()->setSelectedTab(tab);
+            for (QWidget *stop : window()->findChildren<QWidget *>()) {
+                if (!stop->isVisible() || !stop->isEnabled() ||
+                    !(stop->focusPolicy() & Qt::TabFocus))
+                    continue;
+                bar->setFocus();
+                const QImage without = stop->grab().toImage();
+                stop->setFocus(Qt::TabFocusReason);
+                support::settle();
+                EXPECT_NE(stop->grab().toImage(), without)
+                    << stop->metaObject()->className() << stop->objectName().toStdString();
+                seen << stop->objectName();
+            }
+        }
+    }
+    qApp->setStyleSheet({});
+    EXPECT_TRUE(
+        seen.contains({QStringLiteral("templateNameTextField"), QStringLiteral("placeholderPopup"),
+                       QStringLiteral("segmentedControl"), QStringLiteral("propertiesView"),
+                       QStringLiteral("bannerButton"), QStringLiteral("searchField")}));
 }
 
 TEST_F(EditorTest, PicturesAreDroppedOrChosenAndReduced)
@@ -286,4 +404,29 @@ TEST_F(EditorTest, WithoutTheStoreSegmentItsMenuEntryIsGoneToo)
     EXPECT_TRUE(menuItem("actionViewStore")->associatedObjects().isEmpty());
     pressShortcut("actionViewProperties");
     EXPECT_EQ(editor()->selectedTab(), LSMDesignEditorViewController::PropertiesTab);
+}
+
+TEST_F(EditorTest, CommandsOnCodeHaveTheirMenuAndKeysInTheHtmlTab)
+{
+    writeDesign(QStringLiteral("Alpha"), Group::Custom, "<div>\n<p>One</p>\n<p>Two</p>\n</div>");
+    launch();
+    select(QStringLiteral("Alpha"));
+    QMenu *menu = editor()->codeMenu();
+    EXPECT_FALSE(menu->isEnabled()) << "on the design tab";
+    editor()->setSelectedTab(LSMDesignEditorViewController::HtmlTab);
+    EXPECT_TRUE(menu->isEnabled());
+
+    giveFocus(nullptr);
+    source()->setFocus();
+    ASSERT_TRUE(support::waitUntil([&] { return source()->folding()->canFold(0); }));
+    QTest::keySequence(source(), QKeySequence(QStringLiteral("F9")));
+    EXPECT_TRUE(source()->folding()->isFolded(0));
+    EXPECT_FALSE(selected()->templateShouldBeSaved());
+
+    QTest::keySequence(source(), QKeySequence(QStringLiteral("Ctrl+G")));
+    auto *sheet = child<QDialog>("SMLGoToLine");
+    ASSERT_TRUE(sheet);
+    sheet->findChild<QSpinBox *>()->setValue(2);
+    sheet->accept();
+    EXPECT_EQ(source()->textStorage()->lineAt(source()->selectedRange().location), 1);
 }

@@ -1,11 +1,17 @@
 #include "workbench/WorkbenchFixture.h"
 
+#include "editor/MGSFragariaView.h"
+#include "editor/SMLTextView.h"
 #include "platform/NotificationCenter.h"
 #include "workbench/LSMNotifications.h"
 
+#include <QContextMenuEvent>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTest>
 
 class OutlineTest : public WorkbenchTest
@@ -149,4 +155,69 @@ TEST_F(OutlineTest, SearchNarrowsAndGivesTheSelectionBack)
     clickToolbarItem("toolbar_item_new");
     EXPECT_EQ(selectedTitle(), QStringLiteral("New Design"));
     EXPECT_TRUE(field->text().isEmpty());
+}
+
+TEST_F(OutlineTest, ASearchSaysHowManyDesignsItFound)
+{
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    for (int i = 0; i < 1000; ++i)
+        support::writeFile(customFolder() + QStringLiteral("/Old%1.html").arg(i), "");
+    launch();
+    auto *field = child<QLineEdit>("searchField");
+    const auto counts = [this] {
+        QStringList texts;
+        for (const QLabel *label : child<QStatusBar>("statusBar")->findChildren<QLabel *>())
+            texts << label->text();
+        return texts;
+    };
+    EXPECT_TRUE(counts().contains(QStringLiteral("1,004 designs")));
+    type(field, QStringLiteral("gam"));
+    EXPECT_TRUE(counts().contains(QStringLiteral("1 of 1,004 designs")));
+    EXPECT_TRUE(outline()->note().isEmpty());
+    const QImage before = outline()->grab().toImage();
+    type(field, QStringLiteral("bling"));
+    EXPECT_TRUE(counts().contains(QStringLiteral("0 of 1,004 designs")));
+    EXPECT_EQ(outline()->note(), QStringLiteral("No design matches “gambling”."));
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_TRUE(outline()->note().isEmpty());
+    EXPECT_TRUE(counts().contains(QStringLiteral("1,004 designs")));
+    QLocale::setDefault(QLocale::c());
+}
+
+TEST_F(OutlineTest, KeysAndMenuReachTheCommandsOfTheRow)
+{
+    launch();
+    auto *name = child<QLineEdit>("templateNameTextField");
+    const auto menuTitles = [this](const QModelIndex &index) {
+        const QPoint place = outline()->visualRect(index).center();
+        QTest::mousePress(outline()->viewport(), Qt::RightButton, {}, place);
+        QContextMenuEvent ask(QContextMenuEvent::Mouse, place, QPoint(30, 30));
+        QApplication::sendEvent(outline()->viewport(), &ask);
+        QTest::mouseRelease(outline()->viewport(), Qt::RightButton, {}, place);
+        QStringList enabled;
+        if (auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
+            for (const QAction *action : menu->actions())
+                if (action->isEnabled() && !action->isSeparator())
+                    enabled << action->objectName().mid(6);
+            menu->close();
+        }
+        return enabled.join(u' ');
+    };
+    EXPECT_EQ(menuTitles(outline()->indexForRow(0)), QStringLiteral("NewDesign"));
+    EXPECT_TRUE(outline()->isExpanded(outline()->indexForRow(0)));
+    EXPECT_EQ(menuTitles(outline()->indexForRow(2)),
+              QStringLiteral("NewDesign Duplicate Rename Revert Reveal Delete"));
+    EXPECT_EQ(selectedTitle(), QStringLiteral("Beta"));
+    EXPECT_EQ(menuTitles(outline()->indexForRow(5)),
+              QStringLiteral("NewDesign Duplicate Revert Reveal Delete"));
+
+    select(QStringLiteral("alpha"));
+    editor()->setSelectedTab(LSMDesignEditorViewController::HtmlTab);
+    giveFocus(outline());
+    outline()->setFocus();
+    QTest::keyClick(outline(), Qt::Key_Return);
+    EXPECT_TRUE(child<MGSFragariaView>("fragariaView")->textView()->hasFocus());
+    pressShortcut("actionRename");
+    EXPECT_TRUE(name->hasFocus());
+    EXPECT_EQ(name->selectedText(), QStringLiteral("alpha"));
 }

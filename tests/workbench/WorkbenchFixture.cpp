@@ -4,7 +4,9 @@
 #include "library/LSMDesignKeys.h"
 #include "platform/PropertyList.h"
 #include "platform/UserDefaults.h"
+#include "workbench/LSMDesignCommands.h"
 
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
@@ -43,7 +45,7 @@ QString WorkbenchTest::writeDesign(const QString &title, Group group, const QByt
     support::writeFile(folder + QStringLiteral("/body.html"), html);
     QVariantMap values{
         {LSMDesignKeys::name, title},
-        {LSMDesignKeys::identifier, LSMMainWindowController::identifierStringFromTitle(title)}};
+        {LSMDesignKeys::identifier, LSMDesignCommands::identifierStringFromTitle(title)}};
     values.insert(info);
     PropertyList::write(values, PropertyList::Format::Xml, folder + QStringLiteral("/Info.plist"));
     return folder;
@@ -70,15 +72,8 @@ void WorkbenchTest::quit()
 
 LSMDesignTemplate *WorkbenchTest::design(const QString &title) const
 {
-    LSMDesignTemplate *found = nullptr;
-    controller->designTemplateManager()->enumerateDesignsUsingBlock(
-        [&](LSMDesignTemplate *each, bool &stop) {
-            if (each->templateName() == title) {
-                found = each;
-                stop = true;
-            }
-        });
-    return found;
+    return controller->designTemplateManager()->firstDesign(
+        [&title](const LSMDesignTemplate &each) { return each.templateName() == title; });
 }
 
 LSMDesignTemplate *WorkbenchTest::select(const QString &title)
@@ -169,6 +164,8 @@ void WorkbenchTest::pressShortcut(const char *name)
 void WorkbenchTest::type(QWidget *into, const QString &text)
 {
     into->setFocus();
+    if (qobject_cast<QLineEdit *>(into))
+        QTest::keyClick(into, Qt::Key_End);
     for (const QChar c : text)
         QTest::keyClick(into, c.toLatin1());
     support::settle();

@@ -66,7 +66,7 @@ protected:
     void clickMenuItem(const char *name); ///< Opens its menu and clicks it.
     void pressShortcut(const char *name); ///< The keys of that menu item.
     void giveFocus(QWidget *widget);
-    void type(QWidget *into, const QString &text);
+    void type(QWidget *into, const QString &text); ///< At the end of a field.
 
     template <class Object>
     Object *child(const char *name) const

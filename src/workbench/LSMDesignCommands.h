@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+#include <QObject>
+
+class LSMDesignEditorViewController;
+class LSMDesignTemplate;
+class LSMDesignTemplateManager;
+class LSMOutlineViewController;
+
+/// What the window's commands on designs do: make, duplicate, save, revert, reveal and delete. Each
+/// works on the design that the outline has selected, asks what has to be asked before, beeps when
+/// there is nothing that it could do, and brings outline and editor up to date. Owned by the window
+/// controller; borrows what it works on; main thread.
+class LSMDesignCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    LSMDesignCommands(LSMDesignTemplateManager *manager, LSMOutlineViewController *outline,
+                      LSMDesignEditorViewController *editor, QObject *parent);
+
+    /// "com.myserver." and the title without blanks at its ends, in lower case, each blank a
+    /// hyphen.
+    static QString identifierStringFromTitle(const QString &title);
+
+    void createNewDesign(); ///< Nothing while the selected design's name or identifier clashes.
+    void duplicate();
+    void save(); ///< A design with changes; says so when it could not be written.
+    void saveAll();
+    void revert();
+    void reveal();
+    void remove();
+
+    /// True if nothing speaks against saving, or the user wants to save against the warnings.
+    bool canSaveDesign(LSMDesignTemplate *design);
+
+    /// False only if the design could not be written; true also when the user turned the save down.
+    bool saveDesign(LSMDesignTemplate *design);
+
+Q_SIGNALS:
+    void editedStateDidChange(bool edited); ///< By a save: are there unsaved designs?
+
+private:
+    LSMDesignTemplate *selectedDesign() const;
+    void createNewTemplate();
+    void deleteTemplate(LSMDesignTemplate *design);
+    void insertDesign(std::shared_ptr<LSMDesignTemplate> design);
+
+    LSMDesignTemplateManager *m_manager;
+    LSMOutlineViewController *m_outline;
+    LSMDesignEditorViewController *m_editor;
+};
