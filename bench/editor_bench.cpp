@@ -1,6 +1,7 @@
 // Measures the code editor as a person feels it, on one HTML document, and prints one JSON line:
 //
-//     editor_bench FILE [--figures LIST] [--method sync|event] [--wrap] [--cap SECONDS] [--png DIR]
+//     editor_bench FILE [--figures LIST] [--method sync|event] [--wrap] [--gutter] [--extras]
+//         [--cap SECONDS] [--png DIR]
 //
 // A process measures one document, cold; run it several times and take medians. Milliseconds unless
 // the name says otherwise. docs/performance.md explains each figure.
@@ -148,14 +149,12 @@ public:
     int missedFrames() const { return m_missedFrames; }
 
     /// All that stands between bytes and a view that can be painted.
-    bool load(const QByteArray &bytes)
+    void load(const QByteArray &bytes)
     {
         const auto storage = std::make_shared<TextStorage>();
-        const bool isUtf8 = storage->setUtf8(bytes);
-        if (!isUtf8)
+        if (!storage->setUtf8(bytes))
             storage->setString(QString::fromLatin1(bytes));
         view.replaceTextStorage(storage);
-        return true;
     }
 
     void draw()
@@ -275,7 +274,7 @@ private:
         QCoreApplication::processEvents();
         double load = 0;
         set("open_first_paint_ms", milliseconds([&] {
-                load = milliseconds([&] { set("load_ok", m_editor.load(m_bytes)); });
+                load = milliseconds([&] { m_editor.load(m_bytes); });
                 m_editor.frame(true);
             }));
         set("load_call_ms", load);
@@ -510,12 +509,13 @@ int main(int argc, char **argv)
         QStringLiteral("open,edit,comment,scroll,scrollcold,full,roundtrip"));
     const QCommandLineOption method(QStringLiteral("method"), {}, QStringLiteral("sync|event"),
                                     QStringLiteral("sync"));
-    const QCommandLineOption variant(QStringLiteral("variant"), {}, QStringLiteral("ignored"));
     const QCommandLineOption wrap(QStringLiteral("wrap"));
+    const QCommandLineOption gutter(QStringLiteral("gutter"));
+    const QCommandLineOption extras(QStringLiteral("extras"));
     const QCommandLineOption cap(QStringLiteral("cap"), {}, QStringLiteral("seconds"),
                                  QStringLiteral("10"));
     const QCommandLineOption png(QStringLiteral("png"), {}, QStringLiteral("folder"));
-    parser.addOptions({figures, method, variant, wrap, cap, png});
+    parser.addOptions({figures, method, wrap, gutter, extras, cap, png});
     parser.process(application);
     QFile file(parser.positionalArguments().value(0));
     if (!file.open(QIODevice::ReadOnly)) {
@@ -524,6 +524,11 @@ int main(int argc, char **argv)
     }
     const QByteArray bytes = file.readAll();
     Editor editor(parser.value(method) == u"event", parser.isSet(wrap));
+    editor.view.setShowsGutter(parser.isSet(gutter));
+    for (const auto set :
+         {&MGSFragariaView::setMarksChangedLines, &MGSFragariaView::setFoldsLines,
+          &MGSFragariaView::setShowsTagPartners, &MGSFragariaView::setShowsColourSwatches})
+        (editor.view.*set)(parser.isSet(extras));
     Bench bench(editor, bytes, parser.value(cap).toDouble(), parser.value(png));
     bench.result = {
         {QStringLiteral("peer"), QStringLiteral("layoutsmith")},
@@ -532,6 +537,8 @@ int main(int argc, char **argv)
         {QStringLiteral("method"), parser.value(method)},
         {QStringLiteral("platform"), QGuiApplication::platformName()},
         {QStringLiteral("wrap"), parser.isSet(wrap)},
+        {QStringLiteral("gutter"), parser.isSet(gutter)},
+        {QStringLiteral("extras"), parser.isSet(extras)},
         {QStringLiteral("qt"), QLatin1StringView(qVersion())},
         {QStringLiteral("rss_empty_mb"), editor.emptyMegabytes()},
     };
