@@ -42,10 +42,14 @@ void LayoutManager::observeTextStorage()
     m_attributes.reset(m_storage->length());
     m_lineCount = m_storage->lineCount();
     connect(m_storage.get(), &TextStorage::charactersReplaced, this, &LayoutManager::textDidChange);
+    connect(m_storage.get(), &TextStorage::charactersReplaced, this,
+            &LayoutManager::charactersReplaced);
     connect(m_storage.get(), &TextStorage::didProcessEditing, this, [this] {
         if (std::exchange(m_hidesLess, false))
             Q_EMIT layoutDidChange();
     });
+    connect(m_storage.get(), &TextStorage::didProcessEditing, this,
+            &LayoutManager::didProcessEditing);
 }
 
 void LayoutManager::textDidChange(TextRange range, qsizetype changeInLength)

@@ -70,7 +70,13 @@ public:
 
 Q_SIGNALS:
     void textStorageDidChange(); ///< By `replaceTextStorage`.
-    void layoutDidChange();      ///< Font, tabs, wrapping, hidden lines: everything.
+
+    // What the storage tells, passed on once attributes and layouts are in step with it: observers
+    // of these need not care which storage it is.
+    void charactersReplaced(platform::TextRange range, qsizetype changeInLength);
+    void didProcessEditing(platform::TextRange range, qsizetype changeInLength);
+
+    void layoutDidChange(); ///< Font, tabs, wrapping, hidden lines: everything.
     void displayDidChange(platform::TextRange range); ///< Attributes there have changed.
 
 private:

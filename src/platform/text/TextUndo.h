@@ -4,6 +4,7 @@
 #include "platform/text/TextStorage.h"
 #include <deque>
 #include <QElapsedTimer>
+#include <QPointer>
 
 namespace platform {
 
@@ -51,9 +52,21 @@ public:
     /// The next change begins a step of its own.
     void breakCoalescing();
 
-    /// From here to the matching end everything is one step. Nests; nothing can be undone within.
-    void beginGroup();
-    void endGroup();
+    /// While it lives everything is one step. Nests; nothing can be undone within.
+    class Group
+    {
+    public:
+        explicit Group(TextUndo &history) : m_history(&history) { history.beginGroup(); }
+        ~Group()
+        {
+            if (m_history)
+                m_history->endGroup();
+        }
+        Q_DISABLE_COPY_MOVE(Group)
+
+    private:
+        QPointer<TextUndo> m_history; ///< Goes with its storage, which a delegate may replace.
+    };
 
     bool canUndo() const { return m_done > 0 && m_groups == 0; }
     bool canRedo() const { return m_done < m_steps.size() && m_groups == 0; }
@@ -97,6 +110,8 @@ private:
     };
 
     explicit TextUndo(TextStorage *storage);
+    void beginGroup();
+    void endGroup();
     void textDidChange(TextRange range, qsizetype changeInLength);
     quint64 state() const { return m_done == 0 ? m_firstState : m_steps[m_done - 1].state; }
     std::optional<Step> taken(std::optional<Step> step, size_t done);

@@ -126,14 +126,16 @@ TEST_F(TextUndoTest, SeveralCaretsTypeAndDeleteInOneStep)
 TEST_F(TextUndoTest, AGroupIsOneStepAndGivesTheSelectionsBeforeIt)
 {
     storage.setString(u"one two"_s);
-    history.beginGroup();
-    change(Kind::Other, {{{0, 3}, u"1"_s}});
-    history.beginGroup();
-    change(Kind::Other, {{{2, 3}, u"2"_s}});
-    history.endGroup();
-    EXPECT_FALSE(history.canUndo());
-    type(3, u"!"_s);
-    history.endGroup();
+    {
+        const TextUndo::Group group(history);
+        change(Kind::Other, {{{0, 3}, u"1"_s}});
+        {
+            const TextUndo::Group inner(history);
+            change(Kind::Other, {{{2, 3}, u"2"_s}});
+        }
+        EXPECT_FALSE(history.canUndo());
+        type(3, u"!"_s);
+    }
     type(4, u"?"_s);
     ASSERT_TRUE(undo());
     EXPECT_EQ(storage.string(), u"1 2!"_s);
@@ -206,7 +208,7 @@ TEST_F(TextUndoTest, AnyWalkThroughTheHistoryGivesTheTextOfThen)
             ASSERT_TRUE(redo());
             ++at;
         } else {
-            history.beginGroup();
+            std::optional<TextUndo::Group> group(history);
             for (qsizetype changes = random.below(3); changes >= 0; --changes) {
                 std::vector<std::pair<TextRange, QString>> replacements;
                 for (qsizetype from = 0; from < storage.length() && replacements.size() < 3;) {
@@ -219,7 +221,7 @@ TEST_F(TextUndoTest, AnyWalkThroughTheHistoryGivesTheTextOfThen)
                     replacements.push_back({{0, 0}, u"start"_s});
                 change(Kind::Typing, replacements);
             }
-            history.endGroup();
+            group.reset();
             states.resize(++at);
             states << storage.string();
             if (!history.canUndo() || history.stepToUndo()->changes.empty())

@@ -62,25 +62,24 @@ TextView::TextView(std::unique_ptr<LayoutManager> layoutManager, QWidget *parent
         m_composition->invalidate();
         updateLines(range);
     });
+    connect(m_layoutManager.get(), &LayoutManager::charactersReplaced, this,
+            &TextView::charactersReplaced);
+    connect(m_layoutManager.get(), &LayoutManager::didProcessEditing, this,
+            &TextView::textDidChange);
     connect(m_layoutManager.get(), &LayoutManager::textStorageDidChange, this, [this] {
-        observeTextStorage();
+        takeTextStorage();
         setSelections({});
         setScrollPosition({});
         viewport()->update();
     });
-    observeTextStorage();
+    takeTextStorage();
 }
 
 TextView::~TextView() = default;
 
-void TextView::observeTextStorage()
+void TextView::takeTextStorage()
 {
-    if (m_observed)
-        m_observed->disconnect(this);
-    m_observed = textStorage();
     TextUndo::of(textStorage()); // watches from now on
-    connect(textStorage(), &TextStorage::charactersReplaced, this, &TextView::charactersReplaced);
-    connect(textStorage(), &TextStorage::didProcessEditing, this, &TextView::textDidChange);
     m_lineCount = textStorage()->lineCount();
     m_selections = m_selections.within(0);
     m_scroller.textStorageDidChange();

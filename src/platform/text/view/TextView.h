@@ -201,7 +201,7 @@ protected:
 
 private:
     // The road of changes (TextView.cpp).
-    void observeTextStorage();
+    void takeTextStorage();
     void charactersReplaced(TextRange range, qsizetype changeInLength);
     void textDidChange(TextRange range);
     void layoutDidChange();
@@ -270,7 +270,6 @@ private:
     void pastePrimarySelection(QPointF point);
 
     std::unique_ptr<LayoutManager> m_layoutManager;
-    QPointer<TextStorage> m_observed;
     TextScroller m_scroller;
     TextSelections m_selections;
     TextViewDelegate *m_delegate = nullptr;
@@ -306,7 +305,7 @@ private:
     std::optional<TextMouseSelection> m_mouse;
     QElapsedTimer m_sinceDoubleClick;
     QPointF m_doubleClickAt;
-    bool m_isDragging = false; ///< Selected text, from here.
+    bool m_dragsSelection = false; ///< From here.
     bool m_droppedHere = false;
     qsizetype m_dropIndex = NotFound;
 };

@@ -105,7 +105,7 @@ void TextView::startDrag()
     m_mouse.reset();
     auto *drag = new QDrag(viewport());
     drag->setMimeData(mimeDataOf(selectedText()));
-    m_isDragging = true;
+    m_dragsSelection = true;
     m_droppedHere = false;
     const QPointer<TextView> alive(this);
     const Qt::DropActions actions =
@@ -114,7 +114,7 @@ void TextView::startDrag()
         drag->exec(actions, m_isEditable ? Qt::MoveAction : Qt::CopyAction);
     if (!alive)
         return;
-    m_isDragging = false;
+    m_dragsSelection = false;
     setDropIndex(NotFound);
     if (action == Qt::MoveAction && !m_droppedHere && m_isEditable)
         replaceSelections({});
@@ -140,7 +140,7 @@ void TextView::dragMoveEvent(QDragMoveEvent *event)
     event->setAccepted(m_isEditable && event->mimeData()->hasText());
     if (!event->isAccepted())
         return setDropIndex(NotFound);
-    if (m_isDragging)
+    if (m_dragsSelection)
         event->setDropAction(event->modifiers().testFlag(Qt::ControlModifier) ? Qt::CopyAction
                                                                               : Qt::MoveAction);
     else
@@ -167,7 +167,7 @@ void TextView::dropEvent(QDropEvent *event)
         return;
     const qsizetype index = indexAt(event->position());
     setFocus(Qt::MouseFocusReason);
-    if (m_isDragging) {
+    if (m_dragsSelection) {
         m_droppedHere = true;
         dropSelected(index, event->dropAction() != Qt::CopyAction);
         return;

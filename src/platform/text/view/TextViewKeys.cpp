@@ -36,6 +36,12 @@ void call(TextView &view)
     (view.*function)();
 }
 
+template <int steps>
+void zoom(TextView &view)
+{
+    view.zoom(steps);
+}
+
 using M = TextMovement;
 
 struct StandardBinding
@@ -74,6 +80,8 @@ constexpr StandardBinding standardBindings[] = {
     {QKeySequence::SelectEndOfBlock, select<M::LineEnd>},
     {QKeySequence::SelectStartOfDocument, select<M::TextStart>},
     {QKeySequence::SelectEndOfDocument, select<M::TextEnd>},
+    {QKeySequence::ZoomIn, zoom<1>},
+    {QKeySequence::ZoomOut, zoom<-1>},
     {QKeySequence::SelectAll, call<&TextView::selectAll>},
     {QKeySequence::Copy, call<&TextView::copy>},
     {QKeySequence::Cut, call<&TextView::cut>, Need::Editable},
@@ -112,6 +120,8 @@ constexpr Binding furtherBindings[] = {
     {alt | shift | Qt::Key_Up, call<&TextView::addCaretAbove>},
     {alt | shift | Qt::Key_Down, call<&TextView::addCaretBelow>},
     {control | Qt::Key_D, call<&TextView::selectNextOccurrence>},
+    {control | Qt::Key_Equal, zoom<1>}, // where "+" needs the shift key
+    {control | Qt::Key_0, zoom<0>},
     {Qt::Key_Escape, call<&TextView::selectOne>, Need::Selection},
 };
 

@@ -129,6 +129,9 @@ void TextView::mouseMoveEvent(QMouseEvent *event)
             startDrag();
         return;
     }
+    if (m_mouse->granularity == TextGranularity::Word &&
+        isNear(event->position(), m_mouse->pressedAt))
+        return;
     selectTo(event->position());
     if (viewport()->rect().contains(event->position().toPoint()))
         m_autoscrollTimer.stop();

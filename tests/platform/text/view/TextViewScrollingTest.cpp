@@ -125,9 +125,11 @@ TEST_F(TextViewScrollingTest, WheelsAndBarsScrollByPixelsAndRows)
     wheel({}, {0, 120}, Qt::ControlModifier);
     wheel({}, {0, 120}, Qt::ControlModifier);
     EXPECT_EQ(view.layoutManager()->style().font.pixelSize(), 15);
-    view.zoom(-1);
-    EXPECT_EQ(view.layoutManager()->style().font.pixelSize(), 14);
-    view.zoom(0);
+    press(u"Ctrl+-, Ctrl+-"_s);
+    EXPECT_EQ(view.layoutManager()->style().font.pixelSize(), 13);
+    press(u"Ctrl++, Ctrl+="_s);
+    EXPECT_EQ(view.layoutManager()->style().font.pixelSize(), 15);
+    press(u"Ctrl+0"_s);
     EXPECT_EQ(view.layoutManager()->style().font, font);
 }
 
