@@ -27,6 +27,12 @@ QString Bundle::pathForResource(const QString &name, const QString &type) const
     return QFile::exists(path) ? path : QString();
 }
 
+QString Bundle::stringForResource(const QString &name, const QString &type) const
+{
+    QFile file(pathForResource(name, type));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
 QString Bundle::localizedString(const QString &key, const QString &value,
                                 const QString &table) const
 {

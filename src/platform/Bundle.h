@@ -19,6 +19,9 @@ public:
     /// `pathForResource("defaults", "plist")`; null when there is none. The type may be empty.
     QString pathForResource(const QString &name, const QString &type) const;
 
+    /// The text of that resource, as UTF-8; null when there is none.
+    QString stringForResource(const QString &name, const QString &type) const;
+
     /// The translation of `key`, which is the English text itself, from the strings table (a
     /// translation context; null is the table "Localizable"). Without one: `value`, or the key
     /// where that is empty.

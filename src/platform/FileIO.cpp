@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -110,6 +111,47 @@ bool writeFileAtomically(const QString &path, const QByteArray &bytes, Error *er
     }
     syncFolder(QFileInfo(path).canonicalPath());
     return true;
+}
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void copyEntry(const fs::path &from, const fs::path &to)
+{
+    const fs::file_status status = fs::symlink_status(from);
+    switch (status.type()) {
+    case fs::file_type::symlink:
+        fs::remove(to);
+        return fs::copy_symlink(from, to);
+    case fs::file_type::regular:
+        fs::copy_file(from, to, fs::copy_options::overwrite_existing);
+        break;
+    case fs::file_type::directory:
+        fs::create_directories(to);
+        for (const fs::directory_entry &entry : fs::directory_iterator(from))
+            copyEntry(entry.path(), to / entry.path().filename());
+        break;
+    case fs::file_type::not_found:
+        throw fs::filesystem_error("", from, std::make_error_code(std::errc(ENOENT)));
+    default:
+        return;
+    }
+    std::error_code ignored; // not every file system keeps times
+    fs::last_write_time(to, fs::last_write_time(from), ignored);
+}
+
+} // namespace
+
+bool copyTree(const QString &from, const QString &to, Error *error)
+{
+    try {
+        copyEntry(QFile::encodeName(from).toStdString(), QFile::encodeName(to).toStdString());
+        return true;
+    } catch (const fs::filesystem_error &failure) {
+        errno = failure.code().value();
+        return failWithErrno(error, QFile::decodeName(failure.path1().c_str()));
+    }
 }
 
 } // namespace platform

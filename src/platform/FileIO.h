@@ -17,4 +17,9 @@ std::optional<QByteArray> readFile(const QString &path, Error *error = nullptr);
 /// Follows a symbolic link; keeps the old file's permissions.
 bool writeFileAtomically(const QString &path, const QByteArray &bytes, Error *error = nullptr);
 
+/// Copies a file, or a folder with all that is in it, hidden things and links too (as links), with
+/// permissions of files and times of change. A folder that is there already is added to, files in
+/// it are replaced. Pipes and devices are left out. What was copied before a failure stays.
+bool copyTree(const QString &from, const QString &to, Error *error = nullptr);
+
 } // namespace platform

@@ -1,52 +1,32 @@
 #include "platform/Desktop.h"
 #include "platform/Workspace.h"
-#include "support/TestSupport.h"
+#include "support/SessionBus.h"
 
 #include <atomic>
 #include <gtest/gtest.h>
 #include <mutex>
+#include <optional>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
-#include <QProcess>
 #include <QThread>
 
 using platform::ColorScheme;
 
 namespace {
 
-constexpr auto busConfiguration =
-    R"(<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen>
-<auth>EXTERNAL</auth><policy context="default"><allow send_destination="*" eavesdrop="true"/>
-<allow eavesdrop="true"/><allow own="*"/></policy></busconfig>)";
-
-// An empty session bus for the whole program, so that no test meets the tester's own desktop.
+// An empty session bus for the whole program: the connection to it is made once.
 class PrivateBus : public testing::Environment
 {
 public:
-    void SetUp() override
-    {
-        support::writeFile(m_folder.filePath("bus.conf"), busConfiguration);
-        m_daemon.start("dbus-daemon", {"--nofork", "--print-address",
-                                       "--config-file=" + m_folder.filePath("bus.conf")});
-        if (m_daemon.waitForStarted() && m_daemon.waitForReadyRead())
-            address = QString::fromUtf8(m_daemon.readAllStandardOutput()).trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS",
-                address.isEmpty() ? "unix:path=/dev/null" : address.toUtf8());
-    }
-    void TearDown() override
-    {
-        m_daemon.terminate();
-        m_daemon.waitForFinished();
-    }
-
-    QString address;
+    void SetUp() override { m_bus.emplace(); }
+    void TearDown() override { m_bus.reset(); }
+    const QString &address() const { return m_bus->address(); }
 
 private:
-    QTemporaryDir m_folder;
-    QProcess m_daemon;
+    std::optional<support::SessionBus> m_bus;
 };
 
 auto *const privateBus = new PrivateBus;
@@ -90,9 +70,8 @@ class DesktopTest : public testing::Test
 protected:
     void SetUp() override
     {
-        if (privateBus->address.isEmpty())
-            GTEST_SKIP() << "dbus-daemon is not installed";
-        m_bus = QDBusConnection::connectToBus(privateBus->address, "fake desktop");
+        ASSERT_FALSE(privateBus->address().isNull()) << "dbus-daemon could not be started";
+        m_bus = QDBusConnection::connectToBus(privateBus->address(), "fake desktop");
         fake.moveToThread(&m_thread);
         m_thread.start();
     }

@@ -106,6 +106,29 @@ TEST_F(FileIO, SaysWhyItCannotWrite)
     }
 }
 
+TEST_F(FileIO, CopiesTrees)
+{
+    const QString from = path(QStringLiteral("from"));
+    const QString to = path(QStringLiteral("to"));
+    support::writeFile(from + QStringLiteral("/.hidden/file"), "x");
+    support::writeFile(to + QStringLiteral("/.hidden/file"), "replaced");
+    support::writeFile(to + QStringLiteral("/other"), "stays");
+    ASSERT_TRUE(QFile::link(QStringLiteral("nowhere"), from + QStringLiteral("/link")));
+    ASSERT_EQ(mkfifo(QFile::encodeName(from + QStringLiteral("/pipe")).constData(), 0600), 0);
+    for (int again = 0; again < 2; ++again)
+        EXPECT_TRUE(platform::copyTree(from, to));
+    EXPECT_EQ(support::readFile(to + QStringLiteral("/.hidden/file")), "x");
+    EXPECT_EQ(support::readFile(to + QStringLiteral("/other")), "stays");
+    EXPECT_TRUE(QFileInfo(to + QStringLiteral("/link")).isSymLink());
+    EXPECT_FALSE(QFileInfo::exists(to + QStringLiteral("/pipe")));
+
+    Error error;
+    EXPECT_FALSE(platform::copyTree(path(QStringLiteral("missing")), to, &error));
+    EXPECT_EQ(error.code, ENOENT);
+    EXPECT_TRUE(error.description.contains(path(QStringLiteral("missing"))));
+    EXPECT_FALSE(platform::copyTree(from, to + QStringLiteral("/other/below"), &error));
+}
+
 TEST_F(FileIO, EveryFailureLeavesOldOrNewBytes)
 {
     const QString file = path(QStringLiteral("file"));

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Error.h"
+#include <chrono>
+#include <optional>
+
+namespace platform {
+
+/// A script that asks another running application for something. The language is the small part of
+/// AppleScript that docs/scripting.md tells: tell, set, get, return, commands, try, text and `&`. A
+/// value; any thread; two scripts may run side by side.
+///
+/// Errors are in the domain "applescript". Their description is a sentence for the user, their code
+/// the usual number of the platform:
+///
+///   -600  the application isn't running, or there is no session bus to reach it by
+///   -609  it quit before it answered
+///   -1712 it took too long
+///   -1728 something was asked for outside of a `tell`
+///   -2740 the text is no script; the description has the line
+///   -10000 the application answered with an error
+class AppleScript
+{
+public:
+    static constexpr const char *errorDomain = "applescript";
+
+    explicit AppleScript(const QString &source) : m_source(source) {}
+
+    /// `text` as it has to stand between the quotes of a string literal: no text can end them.
+    static QString escaped(QString text);
+
+    /// Compiles and runs the script and gives the value of the last statement, or of the one that
+    /// returned: empty, not null, if it had none. Blocks until the applications have answered, all
+    /// together no longer than `patience`. Nullopt, with the reason, if it failed; what was done
+    /// until then stays done.
+    std::optional<QString>
+    executeAndReturnError(Error *error,
+                          std::chrono::milliseconds patience = std::chrono::seconds(5)) const;
+
+private:
+    QString m_source;
+};
+
+} // namespace platform
