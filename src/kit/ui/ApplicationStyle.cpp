@@ -13,24 +13,37 @@ namespace {
 
 // "@name" stands for a named colour.
 const QString sheet = QStringLiteral(R"(
-QMainWindow, QStackedWidget, QScrollArea, #designPage, #editorView { background: @contentBackground; }
+QMainWindow, QStackedWidget, QScrollArea, #designPage, #storeView, #editorView { background: @contentBackground; }
 #sidebar, LSMOutlineView { background: @sidebarBackground; }
 #splitter::handle, #htmlSplitter::handle { background: @separatorColor; }
 QToolBar { background: @windowBackground; border: none; border-bottom: 1px solid @separatorColor;
            padding: 3px 8px; spacing: 2px; }
-QToolBar QToolButton:focus { border: 1px solid @accentColor; border-radius: 5px; }
+QToolButton:focus { border: 1px solid @accentColor; border-radius: 5px; }
 QMenuBar { background: @windowBackground; padding: 2px 4px; }
 QMenuBar::item { padding: 4px 9px; border-radius: 4px; background: transparent; }
 QMenuBar::item:selected { background: @inactiveSelectionBackground; }
 QStatusBar { background: @windowBackground; border-top: 1px solid @separatorColor; }
 QStatusBar::item { border: none; }
 QStatusBar QLabel, QStatusBar zq--ElidedLabel { color: @secondaryLabelColor; padding: 2px 10px; }
-#banner { background: @bannerBackground; border: none; border-bottom: 1px solid @separatorColor; }
-#bannerText { color: @bannerTextColor; }
+#banner, #previewBanner { background: @bannerBackground; border: none; border-bottom: 1px solid @separatorColor; }
+#bannerText, #previewBannerText { color: @bannerTextColor; }
 QLineEdit { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
             padding: 4px 6px; }
 QLineEdit:focus { border: 1px solid @accentColor; }
 QLineEdit:read-only { background: transparent; }
+QPlainTextEdit { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px; }
+QPlainTextEdit:focus { border-color: @accentColor; }
+QPlainTextEdit:read-only, QPlainTextEdit:disabled, QLineEdit:disabled { background: transparent; }
+zq--PopUpButton { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
+            padding: 4px 8px; }
+zq--PopUpButton:focus { border-color: @accentColor; }
+zq--PopUpButton:disabled { color: @secondaryLabelColor; }
+zq--PopUpButton::drop-down { border: none; width: 20px; }
+zq--PopUpButton QLineEdit { border: none; padding: 0; }
+zq--PopUpButton QAbstractItemView { background: @controlBackground; }
+#priceHint, #supportUrlHint, #minimumVersionHint { color: @warningColor; }
+#lotbookVersionHint, #finderColorHint { color: @secondaryLabelColor; }
+QAbstractItemView QLineEdit { border-radius: 2px; padding: 0 1px; }
 #emptyText { color: @secondaryLabelColor; }
 QPushButton { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
               padding: 5px 14px; }
@@ -75,7 +88,7 @@ public:
                        const QWidget *widget) const override
     {
         return icon == SP_ToolBarHorizontalExtensionButton
-                   ? tintedIcon(QStringLiteral("More"))
+                   ? tintedIcon(QStringLiteral("ToolbarChevron"))
                    : QProxyStyle::standardIcon(icon, option, widget);
     }
 };

@@ -47,6 +47,13 @@ Abilities abilities()
     return {};
 }
 
+// What is no text says so itself, by a property.
+bool focusWidgetTells(const char *property)
+{
+    const QWidget *focus = QApplication::focusWidget();
+    return focus && focus->property(property).toBool();
+}
+
 void tellFocusWidget(const char *slot)
 {
     if (QWidget *focus = QApplication::focusWidget())
@@ -102,12 +109,13 @@ bool FirstResponder::validateCut(QObject *)
 
 bool FirstResponder::validateCopy(QObject *)
 {
-    return abilities().hasSelection;
+    return abilities().hasSelection || focusWidgetTells("canCopy");
 }
 
 bool FirstResponder::validatePaste(QObject *)
 {
-    return abilities().editable && !QApplication::clipboard()->text().isEmpty();
+    return focusWidgetTells("canPaste") ||
+           (abilities().editable && !QApplication::clipboard()->text().isEmpty());
 }
 
 bool FirstResponder::validateSelectAll(QObject *)

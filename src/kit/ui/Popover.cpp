@@ -1,0 +1,38 @@
+#include "kit/ui/Popover.h"
+
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace zq {
+
+Popover::Popover(QWidget *content) : m_content(content)
+{
+    setWindowFlags(Qt::Popup);
+    setFrameShape(QFrame::StyledPanel);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(content);
+}
+
+void Popover::showRelativeTo(QWidget *anchor)
+{
+    setParent(anchor->window(), windowFlags());
+    adjustSize();
+    const QRect from(anchor->mapToGlobal(QPoint()), anchor->size());
+    const QRect screen = anchor->screen()->availableGeometry();
+    const int below = from.bottom() + 1;
+    const int top = below + height() > screen.bottom() ? from.top() - height() : below;
+    const int left = from.center().x() - width() / 2;
+    move(qBound(screen.left(), left, qMax(screen.left(), screen.right() - width())),
+         qMax(screen.top(), top));
+    show();
+    m_content->setFocus(Qt::PopupFocusReason);
+}
+
+void Popover::hideEvent(QHideEvent *event)
+{
+    QFrame::hideEvent(event);
+    Q_EMIT didClose();
+    deleteLater();
+}
+
+} // namespace zq
