@@ -28,9 +28,11 @@ MGSFolding::MGSFolding(SMLTextView *view) : m_view(view)
     connect(view, &SMLTextView::scrollPositionDidChange, this, &MGSFolding::lookSoon);
     connect(view, &SMLTextView::frameDidChange, this, &MGSFolding::lookSoon);
     connect(view->layoutManager(), &SMLLayoutManager::layoutDidChange, this, &MGSFolding::lookSoon);
+    connect(view->layoutManager(), &SMLLayoutManager::charactersReplaced, this,
+            &MGSFolding::textDidChange);
     connect(view->layoutManager(), &SMLLayoutManager::textStorageDidChange, this,
-            &MGSFolding::observeTextStorage);
-    observeTextStorage();
+            &MGSFolding::takeTextStorage);
+    takeTextStorage();
 }
 
 void MGSFolding::setEnabled(bool enabled)
@@ -42,20 +44,16 @@ void MGSFolding::setEnabled(bool enabled)
     Q_EMIT didChange();
 }
 
-void MGSFolding::observeTextStorage()
+void MGSFolding::takeTextStorage()
 {
     m_regions.clear();
     m_lineCount = m_view->textStorage()->lineCount();
-    connect(m_view->textStorage(), &TextStorage::charactersReplaced, this,
-            &MGSFolding::textDidChange, Qt::UniqueConnection);
     lookSoon();
 }
 
 // Until it looks again, marks stay with their lines.
 void MGSFolding::textDidChange(TextRange range)
 {
-    if (sender() != m_view->textStorage())
-        return;
     const TextStorage &text = *m_view->textStorage();
     const qsizetype added = text.lineCount() - std::exchange(m_lineCount, text.lineCount());
     if (!m_isEnabled)

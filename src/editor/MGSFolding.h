@@ -37,7 +37,7 @@ Q_SIGNALS:
     void didChange(); ///< What can be folded in sight, or whether it can.
 
 private:
-    void observeTextStorage();
+    void takeTextStorage();
     void textDidChange(platform::TextRange range);
     void lookSoon();
     void look();

@@ -19,7 +19,6 @@ using platform::TextStorage;
 
 namespace {
 
-constexpr qreal numberMargin = 5; // pixels right of the numbers
 constexpr qreal foldMarkWidth = 12;
 
 QColor defaultBreakpointColour()
@@ -43,12 +42,13 @@ MGSLineNumberView::MGSLineNumberView(platform::TextView *textView, MGSFragariaVi
     connect(m_textView, &platform::TextView::frameDidChange, this, redisplay, Qt::QueuedConnection);
     connect(m_textView->layoutManager(), &platform::LayoutManager::layoutDidChange, this,
             redisplay);
+    connect(m_textView->layoutManager(), &platform::LayoutManager::didProcessEditing, this,
+            &MGSLineNumberView::textStorageDidProcessEditing);
     layoutManagerDidChangeTextStorage();
 }
 
 void MGSLineNumberView::layoutManagerWillChangeTextStorage()
 {
-    m_textView->textStorage()->disconnect(this);
     if (m_changedLines)
         m_changedLines->disconnect(this);
 }
@@ -56,8 +56,6 @@ void MGSLineNumberView::layoutManagerWillChangeTextStorage()
 void MGSLineNumberView::layoutManagerDidChangeTextStorage()
 {
     m_lastLineCount = lineCount();
-    connect(m_textView->textStorage(), &TextStorage::didProcessEditing, this,
-            &MGSLineNumberView::textStorageDidProcessEditing);
     setMarksChangedLines(m_marksChangedLines);
     updateThickness();
 }

@@ -86,6 +86,8 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    static constexpr qreal numberMargin = 5; ///< Pixels right of the numbers.
+
     void updateThickness();
     void updateDigitWidthCache();
     void textStorageDidProcessEditing(platform::TextRange range, qsizetype changeInLength);

@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr qreal numberMargin = 5; // pixels right of the numbers
 constexpr qreal dividerDarkening = 0.3933333333333333;
 constexpr qreal changeBarWidth = 3;
 constexpr qreal markerSlant = 2.6; // the tip of a marker is the height by this long

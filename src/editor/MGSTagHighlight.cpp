@@ -21,22 +21,16 @@ MGSTagHighlight::MGSTagHighlight(SMLTextView *view) : m_view(view)
     m_rest.setInterval(rest);
     connect(&m_rest, &QTimer::timeout, this, &MGSTagHighlight::look);
     connect(view, &SMLTextView::selectionDidChange, this, &MGSTagHighlight::waitForRest);
+    connect(view->layoutManager(), &SMLLayoutManager::charactersReplaced, this,
+            &MGSTagHighlight::textDidChange);
     connect(view->layoutManager(), &SMLLayoutManager::textStorageDidChange, this,
-            &MGSTagHighlight::observeTextStorage);
-    observeTextStorage();
+            &MGSTagHighlight::textDidChange);
 }
 
 void MGSTagHighlight::setEnabled(bool enabled)
 {
     m_isEnabled = enabled;
     look();
-}
-
-void MGSTagHighlight::observeTextStorage()
-{
-    textDidChange();
-    connect(m_view->textStorage(), &platform::TextStorage::charactersReplaced, this,
-            &MGSTagHighlight::textDidChange, Qt::UniqueConnection);
 }
 
 void MGSTagHighlight::textDidChange()

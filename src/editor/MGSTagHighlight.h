@@ -25,7 +25,6 @@ public:
     void draw(QPainter *painter); ///< Behind the text, in the viewport's coordinates.
 
 private:
-    void observeTextStorage();
     void waitForRest();
     void textDidChange();
     void look();

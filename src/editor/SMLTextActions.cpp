@@ -7,7 +7,6 @@
 #include "editor/MGSMutableSubstring.h"
 #include "editor/MGSTextActions.h"
 #include "editor/SMLTextView.h"
-#include "editor/SMLUndoGroup.h"
 #include "kit/ui/TargetAction.h"
 
 #include <span>
@@ -76,21 +75,24 @@ bool SMLTextView::validateMenuItem(QObject *item)
     return true;
 }
 
-/// Gives the change in length.
-qsizetype SMLTextView::editSelections(const TextEdit &edit)
+/// Gives the change in length; nothing where the delegate refused a part of it.
+std::optional<qsizetype> SMLTextView::editSelections(const TextEdit &edit)
 {
     if (!isEditable())
-        return 0;
+        return std::nullopt;
     TextStorage &text = *textStorage();
     const qsizetype lengthBefore = text.length();
     const platform::TextSelections selectionsBefore = selections();
-    const SMLUndoGroup group(&undoHistory());
+    const platform::TextUndo::Group group(undoHistory());
     quint64 revision = text.revision();
+    bool isRefused = false;
     const auto editOne = [&](MGSMutableSubstring &substring, bool &stop) {
         const QString old = substring.string();
         const QString edited = edit(old);
         const TextRange range = substring.superstringRange();
-        if (edited != old && shouldChangeText({range}, {edited})) {
+        const bool isAllowed = edited == old || shouldChangeText({range}, {edited});
+        isRefused = isRefused || !isAllowed;
+        if (edited != old && isAllowed) {
             undoHistory().record(TextUndo::Kind::Other, {{range, old, edited}}, selectionsBefore);
             substring.setString(edited);
             revision = text.revision();
@@ -101,7 +103,7 @@ qsizetype SMLTextView::editSelections(const TextEdit &edit)
     const auto edited = enumerateMutableSubstringsFromRangeArray(text, selectedRanges(), editOne);
     if (text.revision() == revision)
         setSelectedRanges(edited);
-    return text.length() - lengthBefore;
+    return isRefused ? std::nullopt : std::optional(text.length() - lengthBefore);
 }
 
 void SMLTextView::alignSelectionToLineBoundaries()
@@ -111,9 +113,15 @@ void SMLTextView::alignSelectionToLineBoundaries()
 
 void SMLTextView::shiftSelectionBy(qsizetype width)
 {
+    const platform::TextSelections before = selections();
+    const quint64 revision = textStorage()->revision();
     alignSelectionToLineBoundaries();
     const mgs::IndentStyle style{m_tabWidth, indentWithSpaces()};
-    if (editSelections([&](const QString &text) { return mgs::shifted(text, width, style); }) == 0)
+    const auto change =
+        editSelections([&](const QString &text) { return mgs::shifted(text, width, style); });
+    if (!change && textStorage()->revision() == revision)
+        setSelections(before);
+    if (change.value_or(0) == 0)
         beep();
 }
 

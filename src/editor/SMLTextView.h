@@ -50,7 +50,7 @@ public:
     bool showsPageGuide() const { return m_showsPageGuide; }
     void setShowsPageGuide(bool shows);
     int pageGuideColumn() const { return m_pageGuideColumn; }
-    void setPageGuideColumn(int column);
+    void setPageGuideColumn(int column); ///< 0 to 10,000; else the nearest.
     bool highlightsCurrentLine() const { return m_highlightsCurrentLine; }
     void setHighlightsCurrentLine(bool highlights);
     QColor currentLineHighlightColour() const { return m_currentLineHighlightColour; }
@@ -63,7 +63,7 @@ public:
     bool foldsLines() const; ///< By marks in the gutter (MGSFolding.h); off at first.
     void setFoldsLines(bool folds);
     int tabWidth() const { return m_tabWidth; }
-    void setTabWidth(int width);
+    void setTabWidth(int width); ///< 0 to 100; else the nearest.
     bool showsInvisibleCharacters() const { return layoutManager()->showsInvisibleCharacters(); }
     void setShowsInvisibleCharacters(bool s) { layoutManager()->setShowsInvisibleCharacters(s); }
     QColor textInvisibleCharactersColour() const;
@@ -162,7 +162,6 @@ protected:
 private:
     using TextEdit = std::function<QString(const QString &)>;
 
-    void setDefaults();
     void beep();
 
     // Drawing and wrapping.
@@ -178,6 +177,7 @@ private:
     void insertStringAfterInsertionPoint(const QString &string);
     void showBraceMatchingBrace(char16_t brace);
     QString textOfTab(qsizetype column) const;
+    QStringList blanksOfTabs() const;
     QString indentAfterNewline(qsizetype caret) const;
     bool selectionStartsInIndentation() const;
 
@@ -187,7 +187,7 @@ private:
     const QStringList &keywords();
 
     // Commands.
-    qsizetype editSelections(const TextEdit &edit);
+    std::optional<qsizetype> editSelections(const TextEdit &edit);
     void alignSelectionToLineBoundaries();
     void shiftSelectionBy(qsizetype width);
 
@@ -196,7 +196,7 @@ private:
     void dragTimerDidFire();
     void hideDropMark();
 
-    // Hand scrolling.
+    // The mouse.
     void modifiersDidChange(Qt::KeyboardModifiers modifiers);
 
     std::unique_ptr<SMLSyntaxColouring> m_syntaxColouring;
@@ -216,7 +216,6 @@ private:
 
     QFont m_textFont;
     qreal m_pageGuideX = 0;
-    QColor m_pageGuideColor;
     QRectF m_currentLineRect;
     QTimer m_autocompleteWordsTimer;
     platform::CompletionList *m_completionList; ///< Ours as a child.

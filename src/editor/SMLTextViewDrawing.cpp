@@ -12,6 +12,14 @@
 using platform::TextRange;
 using platform::TextStorage;
 
+namespace {
+
+constexpr int widestTab = 100;
+constexpr int lastPageGuideColumn = 10'000;
+constexpr float pageGuideAlpha = 0.25F;
+
+} // namespace
+
 QFont SMLTextView::textFont() const
 {
     return m_textFont;
@@ -20,13 +28,14 @@ QFont SMLTextView::textFont() const
 void SMLTextView::setTextFont(const QFont &font)
 {
     m_textFont = font;
+    zoom(0);
     layoutManager()->setFont(font);
     updateTabInterval();
 }
 
 void SMLTextView::setTabWidth(int width)
 {
-    m_tabWidth = qMax(0, width);
+    m_tabWidth = qBound(0, width, widestTab);
     updateTabInterval();
 }
 
@@ -43,8 +52,6 @@ void SMLTextView::configurePageGuide()
 {
     const qreal blank = layoutManager()->style().characterWidth;
     m_pageGuideX = std::floor(blank * (m_pageGuideColumn + 1)) - 1.5;
-    m_pageGuideColor = textColor();
-    m_pageGuideColor.setAlphaF(m_pageGuideColor.alphaF() * 0.25F);
     if (m_lineWrapsAtPageGuide)
         updateLineWrap();
     viewport()->update();
@@ -82,7 +89,7 @@ void SMLTextView::setLineWrapsAtPageGuide(bool wraps)
 
 void SMLTextView::setPageGuideColumn(int column)
 {
-    m_pageGuideColumn = qMax(0, column);
+    m_pageGuideColumn = qBound(0, column, lastPageGuideColumn);
     configurePageGuide();
     lineWrapDidChange();
 }
@@ -193,8 +200,11 @@ void SMLTextView::drawOverText(QPainter *painter, const QRectF &dirty)
     m_folding->draw(painter);
     const qreal x = std::floor(m_pageGuideX - scrollPosition().left);
     const QRectF guide(x, 0, 1, viewport()->height());
-    if (m_showsPageGuide && guide.intersects(dirty))
-        painter->fillRect(guide, m_pageGuideColor);
+    if (!m_showsPageGuide || !guide.intersects(dirty))
+        return;
+    QColor color = textColor();
+    color.setAlphaF(color.alphaF() * pageGuideAlpha);
+    painter->fillRect(guide, color);
 }
 
 void SMLTextView::runPrintPanel(const QString &title)

@@ -1,15 +1,11 @@
 // What keys and clicks do beyond the usual.
 #include "editor/colouring/MGSSyntaxDefinition.h"
 #include "editor/colouring/SMLSyntaxColouring.h"
+#include "editor/MGSBracePair.h"
 #include "editor/MGSStringExtensions.h"
 #include "editor/MGSTextStorageExtensions.h"
 #include "editor/SMLTextView.h"
-#include "editor/SMLUndoGroup.h"
-#include "platform/CharacterSet.h"
 #include "platform/text/TextSearch.h"
-
-#include <QKeyEvent>
-#include <QScopedValueRollback>
 
 using platform::NotFound;
 using platform::SearchDirection;
@@ -18,17 +14,6 @@ using platform::TextStorage;
 using platform::TextUndo;
 
 namespace {
-
-constexpr char16_t braces[][2] = {{u'(', u')'}, {u'[', u']'}, {u'{', u'}'}, {u'<', u'>'}};
-
-const char16_t *bracePair(char16_t brace)
-{
-    for (const auto &pair : braces) {
-        if (pair[0] == brace || pair[1] == brace)
-            return pair;
-    }
-    return nullptr;
-}
 
 QString leadingWhitespace(const TextStorage &text, TextRange line)
 {
@@ -49,12 +34,13 @@ void SMLTextView::insertText(const QString &text)
         text == u"}" && indentNewLinesAutomatically() && indentBracesAutomatically();
     const bool closesParenthesis = text == u"(" && insertClosingParenthesisAutomatically();
     const bool closesBrace = text == u"{" && insertClosingBraceAutomatically();
-    const quint64 revision = textStorage()->revision();
     {
-        const SMLUndoGroup group(shifts || closesParenthesis || closesBrace ? &undoHistory()
-                                                                            : nullptr);
+        std::optional<TextUndo::Group> group;
+        if (shifts || closesParenthesis || closesBrace)
+            group.emplace(undoHistory());
         if (shifts)
             shiftBackToLastOpenBrace();
+        const quint64 revision = textStorage()->revision();
         TextView::insertText(text);
         const bool isRefused = textStorage()->revision() == revision;
         if (isRefused)
@@ -63,7 +49,7 @@ void SMLTextView::insertText(const QString &text)
             insertStringAfterInsertionPoint(closesBrace ? QStringLiteral("}")
                                                         : QStringLiteral(")"));
     }
-    const char16_t *pair = text.size() == 1 ? bracePair(text[0].unicode()) : nullptr;
+    const char16_t *pair = text.size() == 1 ? mgs_bracePair(text[0].unicode()) : nullptr;
     if (pair && pair[1] == text[0].unicode() && showsMatchingBraces())
         showBraceMatchingBrace(text[0].unicode());
     if (autoCompleteEnabled())
@@ -91,10 +77,12 @@ void SMLTextView::shiftBackToLastOpenBrace()
     for (const TextRange selection : selectedRanges()) {
         const qsizetype caret = selection.location;
         const TextRange before = TextRange::between(lineStart(text, caret), caret);
-        const qsizetype brace = findBeginningOfNestedBlock(caret, u'{', u'}');
         const bool isOverlapping = !ranges.empty() && ranges.back().end() > before.location;
-        if (!selection.isEmpty() || isOverlapping || brace == NotFound ||
-            leadingWhitespace(text, before).size() < before.length) {
+        const bool mayMove = selection.isEmpty() && !isOverlapping &&
+                             leadingWhitespace(text, before).size() == before.length;
+        const qsizetype brace =
+            mayMove ? findBeginningOfNestedBlock(caret, u'{', u'}') : qsizetype(NotFound);
+        if (brace == NotFound) {
             ranges.push_back({caret, 0});
             replacements << QString();
         } else {
@@ -102,14 +90,17 @@ void SMLTextView::shiftBackToLastOpenBrace()
             replacements << leadingWhitespace(text, text.lineRange({brace, 0}));
         }
     }
-    if (std::ranges::any_of(ranges, [](TextRange range) { return !range.isEmpty(); }))
+    const auto isEmpty = [](const auto &part) {
+        return part.isEmpty();
+    };
+    if (!std::ranges::all_of(ranges, isEmpty) || !std::ranges::all_of(replacements, isEmpty))
         changeText(ranges, replacements);
 }
 
 void SMLTextView::showBraceMatchingBrace(char16_t brace)
 {
     const qsizetype caret = selectedRange().location;
-    const char16_t *pair = bracePair(brace);
+    const char16_t *pair = mgs_bracePair(brace);
     const qsizetype partner = findBeginningOfNestedBlock(caret - 1, pair[0], pair[1]);
     if (partner == NotFound)
         beep();
@@ -125,6 +116,24 @@ QString SMLTextView::textOfTab(qsizetype column) const
     if (!useTabStops())
         return QString(width, u' ');
     return QString(width > 0 ? width - column % width : 0, u' ');
+}
+
+// One for each selection; those behind another in its line are moved along by it.
+QStringList SMLTextView::blanksOfTabs() const
+{
+    const TextStorage &text = *textStorage();
+    QStringList blanks;
+    qsizetype line = NotFound;
+    qsizetype moved = 0;
+    for (const TextRange selection : selectedRanges()) {
+        if (const qsizetype start = lineStart(text, selection.location); start != line)
+            moved = 0;
+        const qsizetype column = realColumnOfCharacter(selection.location);
+        blanks << textOfTab(column + moved);
+        line = lineStart(text, selection.end());
+        moved += blanks.back().size() + column - realColumnOfCharacter(selection.end());
+    }
+    return blanks;
 }
 
 QString SMLTextView::indentAfterNewline(qsizetype caret) const
@@ -144,7 +153,7 @@ QString SMLTextView::indentAfterNewline(qsizetype caret) const
 
 void SMLTextView::insertNewline()
 {
-    const SMLUndoGroup group(&undoHistory());
+    const TextUndo::Group group(undoHistory());
     const quint64 revision = textStorage()->revision();
     TextView::insertNewline();
     if (!indentNewLinesAutomatically() || textStorage()->revision() == revision)
@@ -173,10 +182,7 @@ void SMLTextView::insertTab()
     if (selectionStartsInIndentation()) {
         shiftRight();
     } else if (indentWithSpaces()) {
-        QStringList blanks;
-        for (const TextRange selection : selectedRanges())
-            blanks << textOfTab(realColumnOfCharacter(selection.location));
-        changeText(selectedRanges(), blanks, TextUndo::Kind::Typing);
+        changeText(selectedRanges(), blanksOfTabs(), TextUndo::Kind::Typing);
     } else if (selections().isEmpty()) {
         TextView::insertTab();
     } else {
@@ -190,43 +196,4 @@ void SMLTextView::insertTab()
 void SMLTextView::insertBacktab()
 {
     shiftLeft();
-}
-
-void SMLTextView::mouseDoubleClickEvent(QMouseEvent *event)
-{
-    const QScopedValueRollback doubleClick(m_isDoubleClick, event->button() == Qt::LeftButton);
-    m_lacksPartner = false;
-    TextView::mouseDoubleClickEvent(event);
-    if (m_lacksPartner)
-        beep();
-}
-
-TextRange SMLTextView::selectionRange(TextRange proposed, qsizetype clicked,
-                                      platform::TextGranularity granularity)
-{
-    const TextRange word = TextView::selectionRange(proposed, clicked, granularity);
-    if (!m_isDoubleClick || granularity != platform::TextGranularity::Word ||
-        clicked >= textStorage()->length())
-        return word;
-    const char16_t unit = textStorage()->character(clicked);
-    if (const char16_t *pair = bracePair(unit)) {
-        const qsizetype partner = unit == pair[0]
-                                      ? findEndOfNestedBlock(clicked, pair[0], pair[1])
-                                      : findBeginningOfNestedBlock(clicked, pair[0], pair[1]);
-        m_lacksPartner = partner == NotFound;
-        const TextRange brace{clicked, 1};
-        return m_lacksPartner ? brace : brace.united({partner, 1});
-    }
-    const auto isSeparator = [](char16_t c) {
-        return c == u'.' || c == u':';
-    };
-    if (!word.contains(clicked) || isSeparator(unit))
-        return word;
-    const qsizetype left = platform::indexOfCharacter(*textStorage(), isSeparator,
-                                                      TextRange::between(word.location, clicked),
-                                                      SearchDirection::Backward);
-    const qsizetype right = platform::indexOfCharacter(*textStorage(), isSeparator,
-                                                       TextRange::between(clicked, word.end()));
-    return TextRange::between(left == NotFound ? word.location : left + 1,
-                              right == NotFound ? word.end() : right);
 }

@@ -79,12 +79,26 @@ TEST_F(TextViewClicks, TheTextIsScrolledByHandWithBothKeysDown)
     moveTo({200, 80});
     EXPECT_EQ(scrolled(), start + 60);
     QTest::mouseRelease(view.viewport(), Qt::LeftButton, both, {200, 80});
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, both, {200, 80});
     EXPECT_EQ(view.selectedRange(), (TextRange{0, 0})); // the text was not clicked
 
     QTest::keyRelease(&view, Qt::Key_Alt, Qt::ControlModifier);
     EXPECT_EQ(view.viewport()->cursor().shape(), Qt::IBeamCursor);
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, {200, 100});
     EXPECT_NE(view.selectedRange().location, 0);
+}
+
+TEST_F(TextViewClicks, AnotherButtonWithBothKeysDownLeavesTheNextSelectionAlone)
+{
+    setMarked("¦one two");
+    QTest::mousePress(view.viewport(), Qt::RightButton, Qt::ControlModifier | Qt::AltModifier,
+                      placeOf(1));
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, placeOf(0) - QPoint(3, 0));
+    QMouseEvent move(QEvent::MouseMove, QPointF(placeOf(5)),
+                     view.viewport()->mapToGlobal(placeOf(5)), Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(view.viewport(), &move);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, placeOf(5));
+    EXPECT_GT(view.selectedRange().length, 3);
 }
 
 class PasteListener : public MGSFragariaTextViewDelegate

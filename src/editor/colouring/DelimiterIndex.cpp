@@ -33,6 +33,23 @@ qsizetype DelimiterIndex::find(const platform::TextStorage &storage, const QStri
     }
 }
 
+bool DelimiterIndex::lookAhead(const platform::TextStorage &storage, const QString &delimiter)
+{
+    const qsizetype rest = delimiter.size() - 1;
+    const TextRange starts{0, std::max<qsizetype>(0, storage.length() - rest)};
+    bool isMore = false;
+    for (const auto direction : {SearchDirection::Forward, SearchDirection::Backward}) {
+        const bool forward = direction == SearchDirection::Forward;
+        const IndexSet &vain = vainPlaces(delimiter, Qt::CaseSensitive);
+        const TextRange gap = forward ? vain.firstGap(starts) : vain.lastGap(starts);
+        const qsizetype length = std::min(gap.length, m_stride);
+        const qsizetype start = forward ? gap.location : gap.end() - length;
+        if (length > 0 && find(storage, delimiter, {start, length + rest}, direction) == NotFound)
+            isMore = true;
+    }
+    return isMore;
+}
+
 void DelimiterIndex::textDidChange(TextRange range, qsizetype changeInLength)
 {
     for (Known &known : m_known) {

@@ -10,12 +10,19 @@
 class DelimiterIndex
 {
 public:
+    /// `stride`: units that one look ahead looks at from either end.
+    explicit DelimiterIndex(qsizetype stride = 0x40000) : m_stride(stride) {}
+
     /// Where the first occurrence in the range begins, searching backward the last; NotFound for
     /// none, and for an empty delimiter.
     qsizetype find(const platform::TextStorage &storage, const QString &delimiter,
                    platform::TextRange range,
                    platform::SearchDirection direction = platform::SearchDirection::Forward,
                    Qt::CaseSensitivity sensitivity = Qt::CaseSensitive);
+
+    /// Looks a little farther, for a fraction of a millisecond, from both ends of the text to the
+    /// first and the last occurrence. True while there is more to look at.
+    bool lookAhead(const platform::TextStorage &storage, const QString &delimiter);
 
     void textDidChange(platform::TextRange range, qsizetype changeInLength);
     void clear() { m_known.clear(); }
@@ -30,5 +37,6 @@ private:
 
     platform::IndexSet &vainPlaces(const QString &delimiter, Qt::CaseSensitivity sensitivity);
 
+    qsizetype m_stride;
     std::vector<Known> m_known; ///< A handful.
 };

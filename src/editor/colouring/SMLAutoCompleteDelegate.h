@@ -2,7 +2,8 @@
 
 #include <QStringList>
 
-/// A source of words for the editor's completion list. Whoever hands one to the editor keeps it.
+/// A source of words for the editor's completion list. Whoever hands one to the editor
+/// owns it and takes it back (by a null one) before it goes.
 class SMLAutoCompleteDelegate
 {
 public:

@@ -36,10 +36,18 @@ SMLSyntaxColouring::SMLSyntaxColouring(platform::LayoutManager *layoutManager, Q
 {
     setDefaultColours();
     rebuildAttributesCache();
+    m_lookAhead.setSingleShot(true);
+    m_lookAhead.setInterval(0);
+    connect(&m_lookAhead, &QTimer::timeout, this, &SMLSyntaxColouring::lookAhead);
     connect(this, &SMLSyntaxColouring::coloursChanged, this, [this] {
         rebuildAttributesCache();
         invalidateAllColouring();
     });
+    connect(
+        layoutManager, &platform::LayoutManager::charactersReplaced, this,
+        [this](TextRange range, qsizetype change) { m_delimiters.textDidChange(range, change); });
+    connect(layoutManager, &platform::LayoutManager::didProcessEditing, this,
+            &SMLSyntaxColouring::textStorageDidProcessEditing);
     connect(layoutManager, &platform::LayoutManager::textStorageDidChange, this,
             &SMLSyntaxColouring::layoutManagerDidChangeTextStorage);
     layoutManagerDidChangeTextStorage();
@@ -68,7 +76,22 @@ void SMLSyntaxColouring::setSyntaxDefinition(std::shared_ptr<const MGSSyntaxDefi
     m_definition = std::move(definition);
     m_patterns = m_definition ? std::make_unique<SyntaxPatterns>(*m_definition) : nullptr;
     m_delimiters.clear();
+    m_lookAhead.start();
     invalidateAllColouring();
+}
+
+// Where no comment begins or ends is known before somebody opens one.
+void SMLSyntaxColouring::lookAhead()
+{
+    if (!m_observed || !m_definition)
+        return;
+    bool isMore = false;
+    for (const auto &comment : m_definition->multiLineComments()) {
+        isMore |= m_delimiters.lookAhead(*m_observed, comment.opening);
+        isMore |= m_delimiters.lookAhead(*m_observed, comment.closing);
+    }
+    if (isMore)
+        m_lookAhead.start();
 }
 
 QString SMLSyntaxColouring::syntaxDefinitionName() const
@@ -116,28 +139,20 @@ void SMLSyntaxColouring::setColour(const TextAttributes &attributes, TextRange r
 
 void SMLSyntaxColouring::layoutManagerWillChangeTextStorage()
 {
-    if (m_observed)
-        m_observed->disconnect(this);
     m_observed = nullptr;
 }
 
 void SMLSyntaxColouring::layoutManagerDidChangeTextStorage()
 {
-    layoutManagerWillChangeTextStorage();
     m_inspected.clear();
     m_delimiters.clear();
-    if (!m_layoutManager)
-        return;
-    m_observed = m_layoutManager->textStorage();
-    connect(
-        m_observed, &TextStorage::charactersReplaced, this,
-        [this](TextRange range, qsizetype change) { m_delimiters.textDidChange(range, change); });
-    connect(m_observed, &TextStorage::didProcessEditing, this,
-            &SMLSyntaxColouring::textStorageDidProcessEditing);
+    m_observed = m_layoutManager ? m_layoutManager->textStorage() : nullptr;
+    m_lookAhead.start();
 }
 
 void SMLSyntaxColouring::textStorageDidProcessEditing(TextRange range, qsizetype changeInLength)
 {
+    m_lookAhead.start();
     m_inspected.shift(range.end() - changeInLength, changeInLength);
     m_inspected.remove(
         m_observed->lineRange(TextRange{0, m_observed->length()}.intersected(range)));

@@ -7,6 +7,7 @@
 #include "platform/text/LayoutManager.h"
 #include <QColor>
 #include <QPointer>
+#include <QTimer>
 
 class SMLSyntaxColouringDelegate;
 class SyntaxPatterns;
@@ -128,6 +129,7 @@ private:
 
     void setDefaultColours();
     void rebuildAttributesCache();
+    void lookAhead();
     void textStorageDidProcessEditing(platform::TextRange range, qsizetype changeInLength);
 
     platform::TextRange lineRange(platform::TextRange range) const;
@@ -145,6 +147,7 @@ private:
     std::unique_ptr<SyntaxPatterns> m_patterns;
     platform::IndexSet m_inspected;
     DelimiterIndex m_delimiters;
+    QTimer m_lookAhead; ///< Fires when nothing else is to do.
     SyntaxPaints m_attributes;
     QPointer<platform::TextStorage> m_observed;
     bool m_coloursMultiLineStrings = false;
