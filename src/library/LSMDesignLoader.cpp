@@ -48,6 +48,10 @@ QString extensionOf(const QString &path)
 
 Design loadEntry(const QString &path, const QString &type)
 {
+    if (!LSMDesignLoader::isReachable(path)) {
+        platform::log("left out %@: its name is not UTF-8", path);
+        return nullptr;
+    }
     return extensionOf(path) == oldVersionExtension ? loadOldVersion(path, type)
                                                     : loadBundle(path, type);
 }
@@ -70,6 +74,12 @@ QStringList LSMDesignLoader::candidates(const QString &directory)
     if (failure && failure != std::errc::no_such_file_or_directory)
         platform::log("cannot read the folder %@: %@", directory, failure.message().c_str());
     return paths;
+}
+
+bool LSMDesignLoader::isReachable(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
 }
 
 LSMDesignTemplateGroup::Designs LSMDesignLoader::load(const QString &directory, const QString &type)

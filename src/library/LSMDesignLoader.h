@@ -14,4 +14,8 @@ LSMDesignTemplateGroup::Designs load(const QString &directory, const QString &ty
 /// The paths of the entries that are designs by their names.
 QStringList candidates(const QString &directory);
 
+/// Is there something at the path, be it a link that leads nowhere? A name that is no UTF-8 on disk
+/// is another one as a string, so what has one cannot be reached.
+bool isReachable(const QString &path);
+
 } // namespace LSMDesignLoader

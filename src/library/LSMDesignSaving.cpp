@@ -11,7 +11,9 @@
 #include "platform/Log.h"
 #include "platform/TextEncoding.h"
 #include "platform/UserDefaults.h"
+#include "watching/CDEvents.h"
 
+#include <cstdio>
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -75,13 +77,38 @@ bool writePicture(const LSMDesignTemplate &design, const QString &bundle, Error 
     return reason.isNull();
 }
 
+// A folder out of sight, beside the bundles: what takes many steps is done there.
+QString asideOf(const QString &folder)
+{
+    return folder + QStringLiteral("/.deleted-XXXXXX");
+}
+
+// In the place of the new bundle, which is empty, in one step.
+bool bringKeptFiles(LSMDesignTemplate *design, const QString &bundle, Error *error)
+{
+    const QString kept = design->keptFilesPath();
+    if (kept.isNull())
+        return true;
+    const QTemporaryDir aside(asideOf(QFileInfo(bundle).path()));
+    if (!aside.isValid())
+        return platform::failWithErrno(error, bundle);
+    const QString copy = aside.filePath(QFileInfo(bundle).fileName());
+    if (!platform::copyTree(kept, copy, error))
+        return false;
+    if (std::rename(QFile::encodeName(copy).constData(), QFile::encodeName(bundle).constData()) !=
+        0)
+        return platform::failWithErrno(error, bundle);
+    design->setKeptFilesPath({});
+    return true;
+}
+
 // Out of sight in one step first: a bundle that cannot be removed stays whole.
 bool removeWhole(const QString &path)
 {
     const QFileInfo info(path);
     if (!info.isDir() || info.isSymLink())
         return QFile::remove(path);
-    QTemporaryDir aside(info.path() + QStringLiteral("/.deleted-XXXXXX"));
+    QTemporaryDir aside(asideOf(info.path()));
     const QString moved = aside.filePath(info.fileName());
     return aside.isValid() && QDir().rename(path, moved) && QDir(moved).removeRecursively();
 }
@@ -93,6 +120,8 @@ bool LSMDesignTemplateManager::saveDesignTemplate(LSMDesignTemplate *design, Err
     const auto contents = contentsOf(*design, error);
     if (!contents)
         return false;
+    if (!design->templatePath().isNull())
+        stopWatchingFileAtPath(design->bodyPath());
     validateCustomTemplateFolderExists();
     const QString bundle = settleBundleFolder(design, error);
     if (bundle.isNull())
@@ -114,6 +143,7 @@ bool LSMDesignTemplateManager::saveDesignTemplate(LSMDesignTemplate *design, Err
         platform::UserDefaults::standardUserDefaults().integer(QStringLiteral("finderLabelInt"));
     if (design->isPaidTemplate() && label >= 1 && label <= qint64(labelTitles.size()))
         setFinderLabel(int(label), bundle);
+    startWatchingFileAtPath(design->bodyPath());
     return true;
 }
 
@@ -127,6 +157,10 @@ QString LSMDesignTemplateManager::settleBundleFolder(LSMDesignTemplate *design, 
     // A new one must not be there yet, under whatever spelling the file system takes for the same.
     if (hasBundle ? !QDir().mkpath(bundle) : !QDir().mkdir(bundle)) {
         platform::failWithErrno(error, bundle);
+        return {};
+    }
+    if (!hasBundle && !bringKeptFiles(design, bundle, error)) {
+        QDir().rmdir(bundle);
         return {};
     }
     if (!design->isOldVersion())
@@ -193,6 +227,8 @@ bool LSMDesignTemplateManager::deleteDesignTemplate(LSMDesignTemplate *design)
     if (!design->isCustomDesignTemplate())
         return false;
     const QString path = design->templatePath();
+    if (!path.isNull())
+        stopWatchingFileAtPath(design->bodyPath());
     if (!path.isNull() && !removeWhole(path))
         platform::log("could not remove all of %@", path);
     designTemplateGroupForType(customType)->removeDesign(design);

@@ -265,7 +265,9 @@ QStringList LSMDesignTemplate::keywords() const
 
 void LSMDesignTemplate::setKeywords(const QStringList &keywords)
 {
-    m_dictionary->setValue(LSMDesignKeys::keywords, list(keywords));
+    QVariantList entries = m_dictionary->value(LSMDesignKeys::keywords).toList();
+    entries.removeIf([](const QVariant &entry) { return entry.typeId() == QMetaType::QString; });
+    m_dictionary->setValue(LSMDesignKeys::keywords, list(keywords) + entries);
 }
 
 QStringList LSMDesignTemplate::remoteResources() const

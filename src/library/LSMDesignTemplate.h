@@ -72,6 +72,11 @@ public:
     void setVersion(Version version) { m_version = version; }
     platform::PropertyList::Format infoFormat() const { return m_infoFormat; }
 
+    /// A folder whose files the first save brings into the new bundle: those of a design that was
+    /// deleted and brought back. Null for others.
+    QString keptFilesPath() const { return m_keptFilesPath; }
+    void setKeptFilesPath(const QString &path) { m_keptFilesPath = path; }
+
     /// `body.html` in the bundle, or the old file itself. Null without a path.
     QString bodyPath() const;
 
@@ -102,8 +107,8 @@ public:
     }
     QString templateName() const;
     QString templateIdentifier() const;
-    QStringList keywords() const; ///< Those that are strings.
-    void setKeywords(const QStringList &keywords);
+    QStringList keywords() const;                  ///< Those that are strings.
+    void setKeywords(const QStringList &keywords); ///< What is no string stays, behind them.
     QStringList remoteResources() const;
     void setRemoteResources(const QStringList &urls);
 
@@ -150,6 +155,7 @@ private:
 
     QString m_title; // stands in for a missing CFBundleName
     QString m_templatePath;
+    QString m_keptFilesPath;
     QString m_type;
     Version m_version;
     platform::PropertyList::Format m_infoFormat = platform::PropertyList::Format::Xml;

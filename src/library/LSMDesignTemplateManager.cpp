@@ -8,6 +8,7 @@
 #include "platform/Bundle.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
+#include "watching/CDEvents.h"
 
 #include <algorithm>
 #include <QDir>
@@ -31,7 +32,7 @@ QString withTildeExpanded(const QString &path)
 
 } // namespace
 
-LSMDesignTemplateManager::LSMDesignTemplateManager()
+LSMDesignTemplateManager::LSMDesignTemplateManager(Watching watching) : m_watching(watching)
 {
     auto builtin = loadDesignTemplatesFromDir(pathForBuiltinTemplates(), builtinType);
     auto custom = loadDesignTemplatesFromDir(pathForCustomTemplates(), customType);
@@ -40,7 +41,13 @@ LSMDesignTemplateManager::LSMDesignTemplateManager()
     m_groups.push_back(std::make_unique<LSMDesignTemplateGroup>(
         platform::localized("Built-In Designs"), builtinType, std::move(builtin)));
     extractKeywordsFromDesignTemplates();
+    for (const auto &design : designTemplateGroupForType(customType)->designTemplates()) {
+        if (!design->isOldVersion())
+            startWatchingFileAtPath(design->bodyPath());
+    }
 }
+
+LSMDesignTemplateManager::~LSMDesignTemplateManager() = default;
 
 QString LSMDesignTemplateManager::pathForBuiltinTemplates() const
 {

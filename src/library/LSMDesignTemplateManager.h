@@ -2,17 +2,32 @@
 
 #include "library/LSMDesignTemplateGroup.h"
 #include <functional>
+#include <map>
+#include <QSet>
+
+class CDEvent;
+class CDEvents;
+class LSMDesignTemplateManagerDelegate;
 
 /// The design library: all designs in two groups, custom first, built-in second; the questions that
 /// commands ask of them; saving, deleting and naming. One object, made at launch by AppController,
 /// which loads everything before it returns. Queries look at memory, not at the disk, and at both
-/// groups. Main thread.
+/// groups.
+///
+/// The HTML files of custom designs are watched: what another program writes is taken in some 3.5
+/// seconds later, if the delegate says so. Main thread.
 class LSMDesignTemplateManager : public QObject
 {
     Q_OBJECT
 
 public:
-    LSMDesignTemplateManager();
+    enum class Watching { On, Off };
+
+    explicit LSMDesignTemplateManager(Watching watching = Watching::On);
+    ~LSMDesignTemplateManager() override;
+
+    /// Borrowed. Without one the HTML stays as it is, whatever others write.
+    void setDelegate(LSMDesignTemplateManagerDelegate *delegate) { m_delegate = delegate; }
 
     /// The two template directories; null when the host is not installed.
     QString pathForBuiltinTemplates() const;
@@ -57,8 +72,25 @@ public:
     bool saveDesignTemplate(LSMDesignTemplate *design, platform::Error *error = nullptr);
 
     /// Removes a custom design and its bundle for good; false for others. Files that cannot be
-    /// removed are logged and left. The design is gone when this returns.
+    /// removed are logged and left. The library has let go of the design when this returns.
     bool deleteDesignTemplate(LSMDesignTemplate *design);
+
+    /// Watches a file that exists and is not watched yet. Removed and written again, it is watched
+    /// again if it is back within half a second; else from the next save on.
+    void startWatchingFileAtPath(const QString &path);
+
+    /// The same; `changeBlock` gets the folder of the file half a second after each event.
+    using ChangeBlock = std::function<void(const QString &folder)>;
+    void startWatchingFileAtPath(const QString &path, const ChangeBlock &changeBlock);
+    void stopWatchingFileAtPath(const QString &path);
+    const std::map<QString, std::unique_ptr<CDEvents>> &eventWatchers() const
+    {
+        return m_eventWatchers;
+    }
+
+    /// Reads the HTML of the design in that folder again, after asking the delegate, which is told
+    /// of it. The dirty mark stays. An error is presented, and the HTML stays as it was.
+    void reloadBodyHtmlForDesignAtPath(const QString &folder);
 
     // Names: the value itself, else with the separator and the first free counter from 1.
     QString uniquifyValue(const QString &value, const QString &forDictionaryKey,
@@ -81,6 +113,12 @@ private:
     QString freeFolderName(const QString &title) const;
     void extractKeywordsFromDesignTemplates();
 
+    void eventOccurred(const CDEvent &event, const ChangeBlock &changeBlock);
+
+    Watching m_watching;
+    LSMDesignTemplateManagerDelegate *m_delegate = nullptr;
+    std::map<QString, std::unique_ptr<CDEvents>> m_eventWatchers; ///< By the path of the file.
+    QSet<LSMDesignTemplate *> m_askedFor; ///< The delegate, which has not answered yet.
     std::vector<std::unique_ptr<LSMDesignTemplateGroup>> m_groups;
     QStringList m_keywords;
 };

@@ -176,8 +176,10 @@ TEST_F(BadInput, EachBadBundleIsNamedAndTheRestLoads)
             design->revertToSaved();
         }
     }
-    for (const LSMFinding &finding : findings)
+    for (const LSMFinding &finding : findings) {
         EXPECT_FALSE(finding.path.startsWith(bundle(u"sound"_s)));
+        EXPECT_FALSE(finding.text.contains(finding.path)) << finding.text.toStdString();
+    }
 }
 
 TEST_F(BadInput, AWrongTypeUnderAnyKnownKeyCountsAsAbsentAndIsKept)
@@ -312,6 +314,18 @@ TEST_F(BadInput, NamesThatAreNotUtf8AreNamed)
     ASSERT_TRUE(made);
     std::fclose(made);
     EXPECT_TRUE(isFound(checked(custom), QFile::decodeName(path), u"not UTF-8"_s));
+    const support::LogCapture log;
+    EXPECT_EQ(titles(LSMDesignTemplateManager()), QStringList(u"A"_s));
+    EXPECT_TRUE(log.contains(u"its name is not UTF-8"_s));
+}
+
+TEST_F(BadInput, WhatAKilledDeletionLeftBehindIsNamed)
+{
+    soundBundle(u"A"_s);
+    const QString rest = custom + u"/.deleted-xKqTzv"_s;
+    QDir().mkpath(rest + u"/B.designTemplate"_s);
+    EXPECT_TRUE(isFound(checked(custom), rest, u"was cut short has left this folder"_s));
+    EXPECT_EQ(checked(custom).size(), 1U);
 }
 
 TEST_F(BadInput, WhatAKilledSaveLeftBehindIsNamed)

@@ -1,6 +1,7 @@
 #include "library/LibraryTestSupport.h"
 
 #include "library/checking/LSMBundleCheck.h"
+#include "library/LSMDeletedDesigns.h"
 #include "library/LSMDesignKeys.h"
 #include "platform/UserDefaults.h"
 #include "support/IoFaults.h"
@@ -59,7 +60,7 @@ protected:
     {
         const auto files = snapshot(folder);
         for (auto file = files.begin(); file != files.end(); ++file) {
-            if (file.key().startsWith(u"bystander"))
+            if (file.key().startsWith(u"bystander") || file.key().startsWith(u".deleted-"))
                 continue;
             const bool isText = file.key().endsWith(u".html") || file.key().endsWith(u".old");
             const bool isPicture =
@@ -119,6 +120,36 @@ TEST_F(SaveFaults, AFailureAnywhereLeavesEverythingUsable)
             }
         }
     }
+}
+
+TEST_F(SaveFaults, FilesOfADesignThatWasBroughtBackComeWithALaterSave)
+{
+    bool struck = true;
+    int nth = 0;
+    while (struck) {
+        ++nth;
+        const QString folder = makeFolder(Start::Bundle, nth);
+        const QString extra = folder + u'/' + title + u".designTemplate/notes/mine.txt"_s;
+        support::writeFile(extra, "mine");
+        LSMDesignTemplateManager manager;
+        LSMDeletedDesigns deleted;
+        const auto &designs = manager.designTemplateGroupForType(customType)->designTemplates();
+        ASSERT_TRUE(deleted.keep(designs.back()));
+        manager.deleteDesignTemplate(designs.back().get());
+        ASSERT_FALSE(QFileInfo::exists(extra));
+        const DesignPointer design = deleted.takeLast();
+        manager.addCustomDesign(design);
+        {
+            IoFaults faults(folder);
+            faults.failAt(nth, ENOSPC, IoFaults::Reach::Onward);
+            (void)manager.saveDesignTemplate(design.get());
+            struck = faults.count() >= nth;
+        }
+        expectWholeFiles(folder, named(Start::Bundle, nth));
+        EXPECT_TRUE(manager.saveDesignTemplate(design.get()));
+        EXPECT_EQ(support::readFile(design->templatePath() + u"/notes/mine.txt"_s), "mine") << nth;
+    }
+    EXPECT_GT(nth, 25) << "the copied files and the written ones";
 }
 
 TEST_F(SaveFaults, ADeathAnywhereLosesNoDesign)

@@ -90,11 +90,11 @@ bool isPlainFolderName(const QString &title)
     return LSMBundlePaths::folderNameForTitle(title) == title && !title.startsWith(u'.');
 }
 
-// A name that was no UTF-8 on disk is another one as a string.
-bool isReachable(const QString &path)
+// A finding names its path already.
+QString withoutPath(const platform::Error &reason, const QString &path)
 {
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
+    const QString start = path + QStringLiteral(": ");
+    return reason.description.sliced(reason.description.startsWith(start) ? start.size() : 0);
 }
 
 } // namespace
@@ -116,8 +116,9 @@ void LSMBundleCheck::addPath(const QString &givenPath)
         return addOldFile(path);
     if (!info.isReadable())
         return add(path, Error, localized("The folder cannot be read."));
+    checkDeletions(path);
     for (const QString &entry : LSMDesignLoader::candidates(path)) {
-        if (!isReachable(entry))
+        if (!LSMDesignLoader::isReachable(entry))
             add(entry, Error, localized("The name is not UTF-8. Rename it, and the design loads."));
         else
             entry.endsWith(u'.' + QString(bundleExtension)) ? addBundle(entry) : addOldFile(entry);
@@ -157,10 +158,10 @@ void LSMBundleCheck::checkInfo(const QString &path)
     platform::Error reason;
     const auto info = platform::PropertyList::read(file, &reason);
     if (!info || info->root.typeId() != QMetaType::QVariantMap)
-        return add(
-            file, Error,
-            platform::format(localized("The design does not load: %@"),
-                             info ? localized("this is not a dictionary.") : reason.description));
+        return add(file, Error,
+                   platform::format(localized("The design does not load: %@"),
+                                    info ? localized("this is not a dictionary.")
+                                         : withoutPath(reason, file)));
 
     const auto checkTypes = [&](const QVariantMap &values, std::span<const KnownKey> keys) {
         for (const auto &[key, kind] : keys) {
@@ -217,7 +218,7 @@ void LSMBundleCheck::checkText(const QString &file)
     if (!bytes)
         return add(file, Error,
                    platform::format(localized("The HTML cannot be read and counts as empty: %@"),
-                                    reason.description));
+                                    withoutPath(reason, file)));
     const platform::DecodedText decoded = platform::decodeText(*bytes);
     if (decoded.encodingName != u"UTF-8")
         add(file, Note,
@@ -236,6 +237,17 @@ void LSMBundleCheck::checkPictures(const QString &path)
         if (!QFileInfo(picture).isFile() || reader.read().isNull())
             add(picture, Error, localized("This is not a picture that can be read."));
     }
+}
+
+// A deletion moves the design aside first; what comes back is put together there.
+void LSMBundleCheck::checkDeletions(const QString &folder)
+{
+    for (const QString &name :
+         QDir(folder).entryList({QStringLiteral(".deleted-??????")}, QDir::Dirs | QDir::Hidden))
+        add(folder + u'/' + name, Note,
+            localized(
+                "A deletion, or its undoing, that was cut short has left this folder; nothing "
+                "uses it."));
 }
 
 // A save writes beside the file and then puts the new one in its place.

@@ -32,6 +32,7 @@ private:
     void checkTitle(const QString &path, const QString &title);
     void checkPictures(const QString &path);
     void checkLeftovers(const QString &path);
+    void checkDeletions(const QString &folder);
     void checkBody(const QString &file);
     void checkText(const QString &file);
     void add(const QString &path, LSMFinding::Level level, const QString &text);
