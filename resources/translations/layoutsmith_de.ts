@@ -4,24 +4,20 @@
 <context>
     <name>LSMDesignEditorViewController</name>
     <message>
-        <source>Goes to a layout&apos;s place in the HTML</source>
-        <translation>Geht zur Stelle eines Layouts im HTML</translation>
-    </message>
-    <message>
         <source>&amp;Identifier:</source>
         <translation>&amp;Kennung:</translation>
-    </message>
-    <message>
-        <source>Inserts what Lotbook replaces by the listing&apos;s data</source>
-        <translation>Fügt ein, was Lotbook durch die Angaben des Angebots ersetzt</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
         <translation>&amp;Name:</translation>
     </message>
     <message>
-        <source>&amp;Paid design, sold through the store</source>
-        <translation>&amp;Kostenpflichtiges Design, über den Store verkauft</translation>
+        <source>&amp;Pictures in the text:</source>
+        <translation>Bilder im &amp;Text:</translation>
+    </message>
+    <message>
+        <source>any version</source>
+        <translation>jede Version</translation>
     </message>
     <message>
         <source>Choose Picture…</source>
@@ -32,12 +28,20 @@
         <translation>Duplizieren</translation>
     </message>
     <message>
+        <source>Goes to a layout&apos;s place in the HTML</source>
+        <translation>Geht zur Stelle eines Layouts im HTML</translation>
+    </message>
+    <message>
+        <source>Inserts what Lotbook replaces by the listing&apos;s data</source>
+        <translation>Fügt ein, was Lotbook durch die Angaben des Angebots ersetzt</translation>
+    </message>
+    <message>
         <source>Key</source>
         <translation>Schlüssel</translation>
     </message>
     <message>
-        <source>Keywords:</source>
-        <translation>Stichwörter:</translation>
+        <source>&amp;Keywords:</source>
+        <translation>&amp;Stichwörter:</translation>
     </message>
     <message>
         <source>Layouts:</source>
@@ -52,32 +56,35 @@
         <translation>Neues Design</translation>
     </message>
     <message>
-        <source>Open in Browser</source>
-        <translation>Im Browser öffnen</translation>
-    </message>
-    <message>
         <source>Parts of the design</source>
         <translation>Teile des Designs</translation>
-    </message>
-    <message>
-        <source>Preview of the design</source>
-        <translation>Vorschau des Designs</translation>
     </message>
     <message>
         <source>Properties of the design</source>
         <translation>Eigenschaften des Designs</translation>
     </message>
     <message>
-        <source>Released:</source>
-        <translation>Veröffentlicht:</translation>
-    </message>
-    <message>
-        <source>Samples of the layouts</source>
-        <translation>Beispiele der Layouts</translation>
+        <source>Re&amp;quires Lotbook:</source>
+        <translation>Ab &amp;Lotbook:</translation>
     </message>
     <message>
         <source>Value</source>
         <translation>Wert</translation>
+    </message>
+</context>
+<context>
+    <name>LSMKeywordsViewController</name>
+    <message>
+        <source>Known keywords</source>
+        <translation>Bekannte Stichwörter</translation>
+    </message>
+    <message>
+        <source>Add a keyword</source>
+        <translation>Stichwort hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove the selected keywords</source>
+        <translation>Ausgewählte Stichwörter entfernen</translation>
     </message>
 </context>
 <context>
@@ -127,6 +134,10 @@
         <translation>V&amp;ollbild</translation>
     </message>
     <message>
+        <source>&amp;Generate Samples…</source>
+        <translation>Beispiele &amp;erzeugen …</translation>
+    </message>
+    <message>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
@@ -147,10 +158,6 @@
         <translation>&amp;Einfügen</translation>
     </message>
     <message>
-        <source>Prin&amp;t HTML…</source>
-        <translation>HTML druc&amp;ken …</translation>
-    </message>
-    <message>
         <source>&amp;Preferences…</source>
         <translation>&amp;Einstellungen …</translation>
     </message>
@@ -169,10 +176,6 @@
     <message>
         <source>&amp;Reload Preview</source>
         <translation>Vorschau neu &amp;laden</translation>
-    </message>
-    <message>
-        <source>Rena&amp;me Design</source>
-        <translation>Design &amp;umbenennen</translation>
     </message>
     <message>
         <source>&amp;Revert To Saved</source>
@@ -197,6 +200,10 @@
     <message>
         <source>&amp;Undo</source>
         <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Use Preview as Picture</source>
+        <translation>Vorschau als Bild &amp;verwenden</translation>
     </message>
     <message>
         <source>&amp;View</source>
@@ -231,8 +238,16 @@
         <translation>Vorschau &amp;unter dem HTML</translation>
     </message>
     <message>
+        <source>Prin&amp;t HTML…</source>
+        <translation>HTML druc&amp;ken …</translation>
+    </message>
+    <message>
         <source>R&amp;eveal in Finder</source>
         <translation>Im Dateimanager &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>Rena&amp;me Design</source>
+        <translation>Design &amp;umbenennen</translation>
     </message>
     <message>
         <source>S&amp;tore</source>
@@ -257,6 +272,10 @@
     <message>
         <source>The Layoutsmith</source>
         <translation>Layoutsmith</translation>
+    </message>
+    <message>
+        <source>Undo &amp;Delete</source>
+        <translation>Löschen &amp;zurücknehmen</translation>
     </message>
 </context>
 <context>
@@ -319,7 +338,158 @@
     </message>
 </context>
 <context>
+    <name>LSMPreferencesPanelController</name>
+    <message>
+        <source>&amp;Finder label:</source>
+        <translation>&amp;Finder-Etikett:</translation>
+    </message>
+    <message>
+        <source>&amp;Lotbook version:</source>
+        <translation>&amp;Lotbook-Version:</translation>
+    </message>
+    <message>
+        <source>Its designs are the ones to work on, from the next start.</source>
+        <translation>Deren Designs werden ab dem nächsten Start bearbeitet.</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>The folders of paid designs get it when they are saved.</source>
+        <translation>Ordner kostenpflichtiger Designs erhalten es beim Sichern.</translation>
+    </message>
+</context>
+<context>
+    <name>LSMPreviewView</name>
+    <message>
+        <source>Makes what the preview shows the picture of the design</source>
+        <translation>Macht, was die Vorschau zeigt, zum Bild des Designs</translation>
+    </message>
+    <message>
+        <source>Preview of the design</source>
+        <translation>Vorschau des Designs</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>The preview has stopped working. The HTML is not touched by this.</source>
+        <translation>Die Vorschau ist ausgefallen. Das HTML ist davon nicht berührt.</translation>
+    </message>
+    <message>
+        <source>Use Preview as Picture</source>
+        <translation>Vorschau als Bild verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>LSMSampleWindow</name>
+    <message>
+        <source>Next Sample</source>
+        <translation>Nächstes Beispiel</translation>
+    </message>
+    <message>
+        <source>Next Sample (Right)</source>
+        <translation>Nächstes Beispiel (rechts)</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Browser</source>
+        <translation>Im &amp;Browser öffnen</translation>
+    </message>
+    <message>
+        <source>Previous Sample</source>
+        <translation>Voriges Beispiel</translation>
+    </message>
+    <message>
+        <source>Previous Sample (Left)</source>
+        <translation>Voriges Beispiel (links)</translation>
+    </message>
+    <message>
+        <source>Sample of a layout</source>
+        <translation>Beispiel eines Layouts</translation>
+    </message>
+</context>
+<context>
+    <name>LSMSamplesView</name>
+    <message>
+        <source>&amp;Generate Samples…</source>
+        <translation>Beispiele &amp;erzeugen …</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Has Lotbook render a sample of each layout</source>
+        <translation>Lässt Lotbook von jedem Layout ein Beispiel erzeugen</translation>
+    </message>
+    <message>
+        <source>Progress of the samples</source>
+        <translation>Fortschritt der Beispiele</translation>
+    </message>
+    <message>
+        <source>Samples of the layouts</source>
+        <translation>Beispiele der Layouts</translation>
+    </message>
+    <message>
+        <source>There are no samples of this design&apos;s layouts.</source>
+        <translation>Für die Layouts dieses Designs gibt es keine Beispiele.</translation>
+    </message>
+</context>
+<context>
+    <name>LSMStoreView</name>
+    <message>
+        <source>&amp;Category:</source>
+        <translation>Kate&amp;gorie:</translation>
+    </message>
+    <message>
+        <source>&amp;Paid design, sold through the store</source>
+        <translation>&amp;Kostenpflichtiges Design, über den Store verkauft</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>&amp;Titel:</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>De&amp;scription:</source>
+        <translation>Besch&amp;reibung:</translation>
+    </message>
+    <message>
+        <source>P&amp;rice:</source>
+        <translation>&amp;Preis:</translation>
+    </message>
+    <message>
+        <source>Released:</source>
+        <translation>Veröffentlicht:</translation>
+    </message>
+    <message>
+        <source>S&amp;upport address:</source>
+        <translation>S&amp;upport-Adresse:</translation>
+    </message>
+</context>
+<context>
     <name>Localizable</name>
+    <message>
+        <source>Keywords of the design</source>
+        <translation>Stichwörter des Designs</translation>
+    </message>
+    <message>
+        <source>Edit the list of known keywords</source>
+        <translation>Liste der bekannten Stichwörter bearbeiten</translation>
+    </message>
+    <message>
+        <source>A design keeps its keywords when they are removed from this list.</source>
+        <translation>Ein Design behält seine Stichwörter, auch wenn sie aus dieser Liste entfernt werden.</translation>
+    </message>
+    <message>
+        <source>“%@” is in the list already.</source>
+        <translation>„%@“ steht schon in der Liste.</translation>
+    </message>
     <message>
         <source>%@ (At character %d.)</source>
         <translation>%@ (Bei Zeichen %d.)</translation>
@@ -339,6 +509,10 @@
     <message>
         <source>%@ must be %@.</source>
         <translation>%@ muss %@ sein.</translation>
+    </message>
+    <message>
+        <source>%@ of %@</source>
+        <translation>%@ von %@</translation>
     </message>
     <message>
         <source>%@ of %@ designs</source>
@@ -365,20 +539,28 @@
         <translation>%ld ersetzt</translation>
     </message>
     <message>
-        <source>Layouts</source>
-        <translation>Layouts</translation>
-    </message>
-    <message>
-        <source>No design matches “%@”.</source>
-        <translation>Kein Design passt zu „%@“.</translation>
-    </message>
-    <message>
-        <source>Placeholders</source>
-        <translation>Platzhalter</translation>
-    </message>
-    <message>
         <source>&amp;Show:</source>
         <translation>&amp;Zeigen:</translation>
+    </message>
+    <message>
+        <source>&quot;%@&quot; answered with an error: %@</source>
+        <translation>„%@“ meldet einen Fehler: %@</translation>
+    </message>
+    <message>
+        <source>&quot;%@&quot; can&apos;t be reached: there is no session bus (D-Bus).</source>
+        <translation>„%@“ ist nicht erreichbar: Es gibt keinen Sitzungsbus (D-Bus).</translation>
+    </message>
+    <message>
+        <source>&quot;%@&quot; isn&apos;t running.</source>
+        <translation>„%@“ läuft nicht.</translation>
+    </message>
+    <message>
+        <source>&quot;%@&quot; quit before it answered.</source>
+        <translation>„%@“ wurde beendet, ohne zu antworten.</translation>
+    </message>
+    <message>
+        <source>&quot;%@&quot; took too long to answer.</source>
+        <translation>„%@“ hat nicht rechtzeitig geantwortet.</translation>
     </message>
     <message>
         <source>1 design</source>
@@ -397,12 +579,20 @@
         <translation>ein Datum</translation>
     </message>
     <message>
+        <source>A deletion, or its undoing, that was cut short has left this folder; nothing uses it.</source>
+        <translation>Ein abgebrochenes Löschen oder Zurückholen hat diesen Ordner hinterlassen; nichts benutzt ihn.</translation>
+    </message>
+    <message>
         <source>A design must be a folder, and this is none.</source>
         <translation>Ein Design muss ein Ordner sein; dies ist keiner.</translation>
     </message>
     <message>
         <source>a dictionary</source>
         <translation>ein Wörterbuch</translation>
+    </message>
+    <message>
+        <source>A heavy lamp from an old ship&apos;s office. The shade turns, the foot has felt under it. Small marks of age, no dents.</source>
+        <translation>Eine schwere Lampe aus einem alten Schiffsbüro. Der Schirm ist drehbar, unter dem Fuß ist Filz. Kleine Altersspuren, keine Dellen.</translation>
     </message>
     <message>
         <source>A parenthesis is missing or stands alone.</source>
@@ -449,6 +639,10 @@
         <translation>Hinzufügen</translation>
     </message>
     <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
         <source>an array of dictionaries</source>
         <translation>eine Liste von Wörterbüchern</translation>
     </message>
@@ -469,8 +663,36 @@
 </translation>
     </message>
     <message>
+        <source>As Lotbook is set</source>
+        <translation>Wie in Lotbook eingestellt</translation>
+    </message>
+    <message>
+        <source>As Written</source>
+        <translation>Wie geschrieben</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Achtung</translation>
+    </message>
+    <message>
         <source>Available items</source>
         <translation>Verfügbare Elemente</translation>
+    </message>
+    <message>
+        <source>Bank transfer or card</source>
+        <translation>Überweisung oder Karte</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Brass desk lamp, 1930s</source>
+        <translation>Messing-Schreibtischlampe, 1930er</translation>
+    </message>
+    <message>
+        <source>Bremen, Germany</source>
+        <translation>Bremen, Deutschland</translation>
     </message>
     <message>
         <source>Built-In Designs</source>
@@ -483,6 +705,10 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancelling …</source>
+        <translation>Wird abgebrochen …</translation>
     </message>
     <message>
         <source>Capitalize</source>
@@ -509,12 +735,20 @@
         <translation>Tag schließen</translation>
     </message>
     <message>
+        <source>Code</source>
+        <translation>Code</translation>
+    </message>
+    <message>
         <source>Comment or Uncomment</source>
         <translation>Kommentar ein oder aus</translation>
     </message>
     <message>
         <source>Completions</source>
         <translation>Vervollständigungen</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Fortfahren</translation>
     </message>
     <message>
         <source>Convert</source>
@@ -539,6 +773,22 @@
     <message>
         <source>Copy</source>
         <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t change design identifier of selected listing in Lotbook.</source>
+        <translation>Die Design-Kennung des ausgewählten Angebots ließ sich in Lotbook nicht ändern.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t change layout name of selected listing in Lotbook.</source>
+        <translation>Das Layout des ausgewählten Angebots ließ sich in Lotbook nicht ändern.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t find preview file at %@.</source>
+        <translation>Die Vorschaudatei %@ wurde nicht gefunden.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t get title of selected listing from Lotbook</source>
+        <translation>Der Titel des ausgewählten Angebots war von Lotbook nicht zu bekommen</translation>
     </message>
     <message>
         <source>Create a new design.</source>
@@ -577,6 +827,10 @@
         <translation>Design</translation>
     </message>
     <message>
+        <source>Desktop</source>
+        <translation>Computer</translation>
+    </message>
+    <message>
         <source>Do you want to delete the selected design?</source>
         <translation>Soll das ausgewählte Design gelöscht werden?</translation>
     </message>
@@ -605,8 +859,16 @@
         <translation>Dupliziert das ausgewählte Design.</translation>
     </message>
     <message>
+        <source>Empty Fields</source>
+        <translation>Leere Felder</translation>
+    </message>
+    <message>
         <source>error</source>
         <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>EUR 84.00</source>
+        <translation>84,00 EUR</translation>
     </message>
     <message>
         <source>Failed to save the selected design template.</source>
@@ -625,12 +887,20 @@
         <translation>Suchen …</translation>
     </message>
     <message>
+        <source>Fit</source>
+        <translation>Eingepasst</translation>
+    </message>
+    <message>
         <source>Flexible Space</source>
         <translation>Flexibler Abstand</translation>
     </message>
     <message>
         <source>Fold or Unfold</source>
         <translation>Auf- oder zuklappen</translation>
+    </message>
+    <message>
+        <source>Generating the preview in Lotbook timed out.</source>
+        <translation>Lotbook hat die Vorschau nicht rechtzeitig erzeugt.</translation>
     </message>
     <message>
         <source>Go</source>
@@ -641,16 +911,28 @@
         <translation>Gehe zu Zeile</translation>
     </message>
     <message>
-        <source>Code</source>
-        <translation>Code</translation>
-    </message>
-    <message>
         <source>Go to Line…</source>
         <translation>Gehe zu Zeile …</translation>
     </message>
     <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>Grau</translation>
+    </message>
+    <message>
+        <source>Harbour Finds</source>
+        <translation>Hafenfunde</translation>
+    </message>
+    <message>
         <source>Hide Toolbar</source>
         <translation>Symbolleiste ausblenden</translation>
+    </message>
+    <message>
+        <source>Holds something that is no text</source>
+        <translation>Enthält etwas, das kein Text ist</translation>
     </message>
     <message>
         <source>HTML</source>
@@ -673,8 +955,24 @@
         <translation>Elemente in der Symbolleiste</translation>
     </message>
     <message>
+        <source>Keep It</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Layouts</source>
+        <translation>Layouts</translation>
+    </message>
+    <message>
         <source>Line number:</source>
         <translation>Zeilennummer:</translation>
+    </message>
+    <message>
+        <source>Lotbook renders the design as it was last saved.</source>
+        <translation>Lotbook zeigt das Design, wie es zuletzt gesichert wurde.</translation>
+    </message>
+    <message>
+        <source>Lotbook renders the layouts of &quot;%@&quot; …</source>
+        <translation>Lotbook erzeugt die Layouts von „%@“ …</translation>
     </message>
     <message>
         <source>Make Lowercase</source>
@@ -683,6 +981,10 @@
     <message>
         <source>Make Uppercase</source>
         <translation>In Großbuchstaben</translation>
+    </message>
+    <message>
+        <source>Missing Pictures</source>
+        <translation>Fehlende Bilder</translation>
     </message>
     <message>
         <source>Move Left</source>
@@ -703,6 +1005,10 @@
     <message>
         <source>No design is selected.</source>
         <translation>Kein Design ist ausgewählt.</translation>
+    </message>
+    <message>
+        <source>No design matches “%@”.</source>
+        <translation>Kein Design passt zu „%@“.</translation>
     </message>
     <message>
         <source>No picture</source>
@@ -745,6 +1051,10 @@
         <translation>Nur die ersten %ld Treffer werden gezeigt.</translation>
     </message>
     <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
         <source>Page %ld</source>
         <translation>Seite %ld</translation>
     </message>
@@ -753,8 +1063,20 @@
         <translation>kostenpflichtig</translation>
     </message>
     <message>
+        <source>Parcel, two to three days, EUR 6.90</source>
+        <translation>Paket, zwei bis drei Tage, 6,90 EUR</translation>
+    </message>
+    <message>
         <source>Paste</source>
         <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Picture Not Readable</source>
+        <translation>Bild nicht lesbar</translation>
     </message>
     <message>
         <source>Picture of the design</source>
@@ -765,8 +1087,40 @@
         <translation>Bilder</translation>
     </message>
     <message>
+        <source>Placeholders</source>
+        <translation>Platzhalter</translation>
+    </message>
+    <message>
+        <source>Please issue the follwing command(s) on the command line before starting Lotbook:
+
+%@</source>
+        <translation>Gib bitte diese Befehle auf der Kommandozeile ein, bevor du Lotbook startest:
+
+%@</translation>
+    </message>
+    <message>
+        <source>Please start Lotbook, selected a single listing, and then click on &apos;Continue&apos;.</source>
+        <translation>Starte bitte Lotbook, wähle ein einzelnes Angebot aus und klicke dann auf „Fortfahren“.</translation>
+    </message>
+    <message>
+        <source>Please start Lotbook, selected a single template, and then click on &apos;Continue&apos;.</source>
+        <translation>Starte bitte Lotbook, wähle eine einzelne Vorlage aus und klicke dann auf „Fortfahren“.</translation>
+    </message>
+    <message>
         <source>Prepare for XML</source>
         <translation>Für XML aufbereiten</translation>
+    </message>
+    <message>
+        <source>Preview Listing</source>
+        <translation>Angebot in der Vorschau</translation>
+    </message>
+    <message>
+        <source>Preview Size</source>
+        <translation>Größe der Vorschau</translation>
+    </message>
+    <message>
+        <source>Preview Width</source>
+        <translation>Breite der Vorschau</translation>
     </message>
     <message>
         <source>Previews generated: %@</source>
@@ -785,8 +1139,16 @@
         <translation>Eigenschaften</translation>
     </message>
     <message>
+        <source>Purple</source>
+        <translation>Lila</translation>
+    </message>
+    <message>
         <source>Quit</source>
         <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
     </message>
     <message>
         <source>Redo</source>
@@ -805,8 +1167,16 @@
         <translation>Überflüssigen Leerraum entfernen</translation>
     </message>
     <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
         <source>Replace…</source>
         <translation>Ersetzen …</translation>
+    </message>
+    <message>
+        <source>Restart Needed</source>
+        <translation>Neustart nötig</translation>
     </message>
     <message>
         <source>Restore &amp;Defaults</source>
@@ -829,6 +1199,14 @@
         <translation>Setzt das ausgewählte Design auf die zuletzt gesicherte Fassung zurück.</translation>
     </message>
     <message>
+        <source>Rewired and ready to use</source>
+        <translation>Neu verkabelt und betriebsbereit</translation>
+    </message>
+    <message>
+        <source>Right to Left</source>
+        <translation>Von rechts nach links</translation>
+    </message>
+    <message>
         <source>Samples</source>
         <translation>Beispiele</translation>
     </message>
@@ -839,6 +1217,10 @@
     <message>
         <source>Save Template</source>
         <translation>Vorlage sichern</translation>
+    </message>
+    <message>
+        <source>Save this design first: Lotbook renders what has been saved.</source>
+        <translation>Sichere dieses Design zuerst: Lotbook zeigt, was gesichert ist.</translation>
     </message>
     <message>
         <source>Saves selected design.</source>
@@ -889,6 +1271,22 @@
         <translation>Store</translation>
     </message>
     <message>
+        <source>Such as 8.2</source>
+        <translation>Zum Beispiel 8.2</translation>
+    </message>
+    <message>
+        <source>Such as 9.90</source>
+        <translation>Zum Beispiel 9.90</translation>
+    </message>
+    <message>
+        <source>Such as https://www.example.com</source>
+        <translation>Zum Beispiel https://www.example.com</translation>
+    </message>
+    <message>
+        <source>Tablet</source>
+        <translation>Tablet</translation>
+    </message>
+    <message>
         <source>Template Error</source>
         <translation>Fehler in der Vorlage</translation>
     </message>
@@ -897,8 +1295,24 @@
         <translation>Nur Text</translation>
     </message>
     <message>
+        <source>The design could not be removed from the disk, and comes back at the next start:
+
+%@</source>
+        <translation>Das Design konnte nicht von der Festplatte entfernt werden und ist beim nächsten Start wieder da:
+
+%@</translation>
+    </message>
+    <message>
         <source>The design does not load: %@</source>
         <translation>Das Design wird nicht geladen: %@</translation>
+    </message>
+    <message>
+        <source>The design was not deleted, because no copy of it could be kept for bringing it back:
+
+%@</source>
+        <translation>Das Design wurde nicht gelöscht, weil keine Kopie davon aufbewahrt werden konnte, um es zurückzuholen:
+
+%@</translation>
     </message>
     <message>
         <source>The expression cannot be read.</source>
@@ -913,8 +1327,20 @@
         <translation>Der Ausdruck braucht für diesen Text zu lange.</translation>
     </message>
     <message>
+        <source>The file %@ is not UTF-8.</source>
+        <translation>Die Datei %@ ist nicht in UTF-8.</translation>
+    </message>
+    <message>
+        <source>The file containing the HTML of the design template &quot;%@&quot; has been changed externally, as well as in the Layoutsmith. Do you want to replace the HTML with the one on disk, or keep your current one?</source>
+        <translation>Die Datei mit dem HTML des Designs „%@“ wurde von einem anderen Programm geändert, und auch hier. Soll das HTML auf der Festplatte das jetzige ersetzen, oder soll das jetzige bleiben?</translation>
+    </message>
+    <message>
         <source>The file is missing; the design has no HTML.</source>
         <translation>Die Datei fehlt; das Design hat kein HTML.</translation>
+    </message>
+    <message>
+        <source>The first one</source>
+        <translation>Das erste</translation>
     </message>
     <message>
         <source>The folder cannot be read.</source>
@@ -925,20 +1351,20 @@
         <translation>Das HTML kann nicht gelesen werden und gilt als leer: %@</translation>
     </message>
     <message>
+        <source>The HTML names no layouts</source>
+        <translation>Das HTML nennt keine Layouts</translation>
+    </message>
+    <message>
         <source>The Layoutsmith</source>
         <translation>Layoutsmith</translation>
     </message>
     <message>
-        <source>The link leads nowhere; the design has no HTML.</source>
-        <translation>Die Verknüpfung führt ins Leere; das Design hat kein HTML.</translation>
+        <source>The Layoutsmith needs to be restarted to change the Lotbook version. Do you want to quit now?</source>
+        <translation>The Layoutsmith muss neu gestartet werden, um die Lotbook-Version zu wechseln. Jetzt beenden?</translation>
     </message>
     <message>
-        <source>The design could not be removed from the disk, and comes back at the next start:
-
-%@</source>
-        <translation>Das Design konnte nicht von der Festplatte entfernt werden und ist beim nächsten Start wieder da:
-
-%@</translation>
+        <source>The link leads nowhere; the design has no HTML.</source>
+        <translation>Die Verknüpfung führt ins Leere; das Design hat kein HTML.</translation>
     </message>
     <message>
         <source>The name is not UTF-8. Rename it, and the design loads.</source>
@@ -991,10 +1417,6 @@
         <translation>Es gibt noch keine Designs. Lege das erste an, oder installiere Lotbook, um dessen mitgelieferte Designs hier zu finden.</translation>
     </message>
     <message>
-        <source>There are no samples of this design's layouts.</source>
-        <translation>Für die Layouts dieses Designs gibt es keine Beispiele.</translation>
-    </message>
-    <message>
         <source>there is no design "%@"</source>
         <translation>es gibt kein Design „%@“</translation>
     </message>
@@ -1039,6 +1461,14 @@
         <translation>Rückgängig</translation>
     </message>
     <message>
+        <source>Undo &amp;Delete</source>
+        <translation>Löschen &amp;zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Undo &amp;Delete of “%@”</source>
+        <translation>Löschen von „%@“ &amp;zurücknehmen</translation>
+    </message>
+    <message>
         <source>Unsaved Changes</source>
         <translation>Ungesicherte Änderungen</translation>
     </message>
@@ -1055,12 +1485,24 @@
         <translation>Aufruf: layoutsmith show NAME</translation>
     </message>
     <message>
+        <source>Used, very good</source>
+        <translation>Gebraucht, sehr gut</translation>
+    </message>
+    <message>
+        <source>Usual Listing</source>
+        <translation>Übliches Angebot</translation>
+    </message>
+    <message>
         <source>Version %@
 
 A workbench for listing designs.</source>
         <translation>Version %@
 
 Eine Werkbank für Angebotsdesigns.</translation>
+    </message>
+    <message>
+        <source>Very Long Texts</source>
+        <translation>Sehr lange Texte</translation>
     </message>
     <message>
         <source>warning</source>
@@ -1074,32 +1516,120 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <source>Will display this template in Lotbook.</source>
         <translation>Zeigt diese Vorlage in Lotbook.</translation>
     </message>
+    <message>
+        <source>Within 30 days</source>
+        <translation>Innerhalb von 30 Tagen</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>“%@” is not a picture that can be read. The design keeps the one that it has.</source>
+        <translation>„%@“ ist kein lesbares Bild. Das Design behält das Bild, das es hat.</translation>
+    </message>
+    <message>
+        <source>“%@” was deleted.</source>
+        <translation>„%@“ wurde gelöscht.</translation>
+    </message>
 </context>
 <context>
     <name>Placeholder</name>
     <message>
+        <source>Brand</source>
+        <translation>Marke</translation>
+    </message>
+    <message>
+        <source>Buy Now Price</source>
+        <translation>Sofortkaufpreis</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
         <source>Condition</source>
         <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Condition in Detail</source>
+        <translation>Zustand im Einzelnen</translation>
     </message>
     <message>
         <source>Description</source>
         <translation>Beschreibung</translation>
     </message>
     <message>
+        <source>End of the Sale</source>
+        <translation>Ende des Verkaufs</translation>
+    </message>
+    <message>
+        <source>Handling Time</source>
+        <translation>Bearbeitungszeit</translation>
+    </message>
+    <message>
         <source>Item Number</source>
         <translation>Artikelnummer</translation>
+    </message>
+    <message>
+        <source>Legal Notice</source>
+        <translation>Impressum</translation>
     </message>
     <message>
         <source>Location</source>
         <translation>Artikelstandort</translation>
     </message>
     <message>
+        <source>Manufacturer&apos;s Part Number</source>
+        <translation>Herstellernummer</translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation>Material</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>More about the Item</source>
+        <translation>Mehr zum Artikel</translation>
+    </message>
+    <message>
+        <source>More Pictures</source>
+        <translation>Weitere Bilder</translation>
+    </message>
+    <message>
+        <source>Part for a Property</source>
+        <translation>Teil für eine Eigenschaft</translation>
+    </message>
+    <message>
         <source>Part for One Layout</source>
         <translation>Teil für ein Layout</translation>
     </message>
     <message>
+        <source>Part for the Default Layout</source>
+        <translation>Teil für das Standardlayout</translation>
+    </message>
+    <message>
+        <source>Part with a Second Picture</source>
+        <translation>Teil mit einem zweiten Bild</translation>
+    </message>
+    <message>
+        <source>Parts of the Design</source>
+        <translation>Teile des Designs</translation>
+    </message>
+    <message>
         <source>Payment</source>
         <translation>Zahlung</translation>
+    </message>
+    <message>
+        <source>Payment and Returns</source>
+        <translation>Zahlung und Rücknahme</translation>
     </message>
     <message>
         <source>Picture 1</source>
@@ -1118,32 +1648,124 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Bild 4</translation>
     </message>
     <message>
+        <source>Picture 5</source>
+        <translation>Bild 5</translation>
+    </message>
+    <message>
+        <source>Picture 6</source>
+        <translation>Bild 6</translation>
+    </message>
+    <message>
+        <source>Picture 7</source>
+        <translation>Bild 7</translation>
+    </message>
+    <message>
+        <source>Picture 8</source>
+        <translation>Bild 8</translation>
+    </message>
+    <message>
         <source>Price</source>
         <translation>Preis</translation>
+    </message>
+    <message>
+        <source>Price and Sale</source>
+        <translation>Preis und Verkauf</translation>
+    </message>
+    <message>
+        <source>Price per Unit</source>
+        <translation>Grundpreis</translation>
+    </message>
+    <message>
+        <source>Product Code (EAN)</source>
+        <translation>Produktcode (EAN)</translation>
     </message>
     <message>
         <source>Quantity</source>
         <translation>Menge</translation>
     </message>
     <message>
+        <source>Return Costs</source>
+        <translation>Kosten der Rücksendung</translation>
+    </message>
+    <message>
+        <source>Return Period</source>
+        <translation>Rückgabefrist</translation>
+    </message>
+    <message>
         <source>Returns</source>
         <translation>Rücknahme</translation>
+    </message>
+    <message>
+        <source>Seller</source>
+        <translation>Verkäufer</translation>
+    </message>
+    <message>
+        <source>Seller&apos;s Address</source>
+        <translation>Anschrift des Verkäufers</translation>
+    </message>
+    <message>
+        <source>Seller&apos;s Email</source>
+        <translation>E-Mail des Verkäufers</translation>
     </message>
     <message>
         <source>Seller&apos;s Name</source>
         <translation>Name des Verkäufers</translation>
     </message>
     <message>
+        <source>Seller&apos;s Phone</source>
+        <translation>Telefon des Verkäufers</translation>
+    </message>
+    <message>
         <source>Shipping</source>
         <translation>Versand</translation>
+    </message>
+    <message>
+        <source>Shipping Abroad</source>
+        <translation>Versand ins Ausland</translation>
+    </message>
+    <message>
+        <source>Shipping Costs</source>
+        <translation>Versandkosten</translation>
+    </message>
+    <message>
+        <source>Shipping Method</source>
+        <translation>Versandart</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Starting Price</source>
+        <translation>Startpreis</translation>
     </message>
     <message>
         <source>Subtitle</source>
         <translation>Untertitel</translation>
     </message>
     <message>
+        <source>Tax</source>
+        <translation>Steuer</translation>
+    </message>
+    <message>
+        <source>Terms of Business</source>
+        <translation>Geschäftsbedingungen</translation>
+    </message>
+    <message>
         <source>Title</source>
         <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Value of a Property</source>
+        <translation>Wert einer Eigenschaft</translation>
+    </message>
+    <message>
+        <source>Warranty</source>
+        <translation>Gewährleistung</translation>
+    </message>
+    <message>
+        <source>Weight</source>
+        <translation>Gewicht</translation>
     </message>
 </context>
 </TS>

@@ -3,6 +3,7 @@
 #include "app/LSMPaintReport.h"
 #include "kit/ui/ZQRunAlertPanel.h"
 #include "library/LSMLotbookConfig.h"
+#include "platform/Application.h"
 #include "platform/Assert.h"
 #include "platform/Bundle.h"
 #include "platform/PropertyList.h"
@@ -44,6 +45,11 @@ void AppController::awakeFromNib()
 
 void AppController::applicationDidFinishLaunching()
 {
+    platform::Application::setErrorPresenter([](const platform::Error &error) {
+        const QString detail =
+            error.recoverySuggestion.isNull() ? QStringLiteral("") : error.recoverySuggestion;
+        ZQRunAlertPanel3(error.description, detail, localized("OK"));
+    });
     m_manager = std::make_unique<LSMDesignTemplateManager>();
     m_mainWindowController = std::make_unique<LSMMainWindowController>();
     m_mainWindowController->setDesignTemplateManager(m_manager.get());

@@ -24,7 +24,8 @@ namespace {
 // Never freed: the process ends with the command, and taking thousands of designs apart takes time.
 const LSMDesignTemplateManager &library()
 {
-    static const auto *const manager = new LSMDesignTemplateManager;
+    static const auto *const manager =
+        new LSMDesignTemplateManager(LSMDesignTemplateManager::Watching::Off);
     return *manager;
 }
 

@@ -3,6 +3,7 @@
 #include "kit/ui/ZQRunAlertPanel.h"
 #include "library/LSMDesignKeys.h"
 #include "library/LSMDesignTemplateManager.h"
+#include "platform/AppleScript.h"
 #include "platform/Assert.h"
 #include "platform/Bundle.h"
 #include "platform/Log.h"
@@ -10,6 +11,7 @@
 #include "workbench/LSMDesignEditorViewController.h"
 #include "workbench/LSMOutlineViewController.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QFileInfo>
 
@@ -195,13 +197,64 @@ void LSMDesignCommands::remove()
 
 void LSMDesignCommands::deleteTemplate(LSMDesignTemplate *design)
 {
+    const auto &designs = m_manager->designTemplateGroupForType(customType)->designTemplates();
+    const auto kept = *std::ranges::find(designs, design, &std::shared_ptr<LSMDesignTemplate>::get);
+    platform::Error error;
+    if (!m_deleted.keep(kept, &error)) {
+        ZQRunAlertPanel(localized("Delete Design"),
+                        localized("The design was not deleted, because no copy of it could be kept "
+                                  "for bringing it back:\n\n%@"),
+                        localized("OK"), {}, {}, error.description);
+        return;
+    }
     const QString path = design->templatePath();
+    m_editor->cancelLayoutPreviewsOfDesign(design);
     m_manager->deleteDesignTemplate(design);
     m_outline->reloadData();
     m_editor->reloadData();
-    if (!path.isNull() && QFileInfo::exists(path))
-        ZQRunAlertPanel(localized("Delete Design"),
-                        localized("The design could not be removed from the disk, and comes "
-                                  "back at the next start:\n\n%@"),
-                        localized("OK"), {}, {}, path);
+    if (path.isNull() || !QFileInfo::exists(path)) {
+        Q_EMIT designWasDeleted(design->templateName());
+        return;
+    }
+    m_deleted.takeLast();
+    ZQRunAlertPanel(localized("Delete Design"),
+                    localized("The design could not be removed from the disk, and comes "
+                              "back at the next start:\n\n%@"),
+                    localized("OK"), {}, {}, path);
+}
+
+QString LSMDesignCommands::titleOfDeleted() const
+{
+    return m_deleted.titleOfLast();
+}
+
+void LSMDesignCommands::undoDelete()
+{
+    if (auto design = m_deleted.takeLast())
+        insertDesign(std::move(design));
+    else
+        QApplication::beep();
+}
+
+void LSMDesignCommands::showInLotbook()
+{
+    const LSMDesignTemplate *design = selectedDesign();
+    if (!design)
+        return;
+    const QString source = platform::Bundle::mainBundle().stringForResource(
+        QStringLiteral("showInLB"), QStringLiteral("applescript"));
+    PLATFORM_ASSERT(!source.isNull(), "couldn't find showInLB.applescript");
+    const QString identifier = design->templateIdentifier();
+    if (ZQRunAlertPanel(localized("Attention"),
+                        localized("Please start Lotbook, selected a single template, and then "
+                                  "click on 'Continue'."),
+                        localized("Continue"), localized("Cancel")) != ZQAlertFirstButtonReturn)
+        return;
+    const platform::AppleScript script(
+        platform::format(source, platform::AppleScript::escaped(identifier)));
+    platform::Error error;
+    if (script.executeAndReturnError(&error))
+        return;
+    platform::log("error while trying to show template in Lotbook\nerror:\n%@", error.description);
+    QApplication::beep();
 }

@@ -1,17 +1,18 @@
 #pragma once
 
+#include "library/LSMDeletedDesigns.h"
+
 #include <memory>
 #include <QObject>
 
 class LSMDesignEditorViewController;
-class LSMDesignTemplate;
 class LSMDesignTemplateManager;
 class LSMOutlineViewController;
 
-/// What the window's commands on designs do: make, duplicate, save, revert, reveal and delete. Each
-/// works on the design that the outline has selected, asks what has to be asked before, beeps when
-/// there is nothing that it could do, and brings outline and editor up to date. Owned by the window
-/// controller; borrows what it works on; main thread.
+/// What the window's commands on designs do: make, duplicate, save, revert, reveal, delete, and
+/// show in Lotbook. Each works on the design that the outline has selected, asks what has to be
+/// asked before, beeps when there is nothing that it could do, and brings outline and editor up to
+/// date. Owned by the window controller; borrows what it works on; main thread.
 class LSMDesignCommands : public QObject
 {
     Q_OBJECT
@@ -30,7 +31,11 @@ public:
     void saveAll();
     void revert();
     void reveal();
-    void remove();
+    void remove();        ///< What is deleted can be brought back until this object goes.
+    void showInLotbook(); ///< Waits for its answer, five seconds at the most.
+
+    void undoDelete();              ///< The last one, as an unsaved design.
+    QString titleOfDeleted() const; ///< What `undoDelete` brings back; null: nothing.
 
     /// True if nothing speaks against saving, or the user wants to save against the warnings.
     bool canSaveDesign(LSMDesignTemplate *design);
@@ -40,6 +45,7 @@ public:
 
 Q_SIGNALS:
     void editedStateDidChange(bool edited); ///< By a save: are there unsaved designs?
+    void designWasDeleted(const QString &title);
 
 private:
     LSMDesignTemplate *selectedDesign() const;
@@ -50,4 +56,5 @@ private:
     LSMDesignTemplateManager *m_manager;
     LSMOutlineViewController *m_outline;
     LSMDesignEditorViewController *m_editor;
+    LSMDeletedDesigns m_deleted;
 };

@@ -4,15 +4,15 @@
 #include "editor/MGSExtraInterfaceController.h"
 #include "editor/MGSFragariaView.h"
 #include "editor/SMLTextView.h"
+#include "kit/ui/ZQRunAlertPanel.h"
 #include "kit/ui/ZQViewExtensions.h"
 #include "platform/Appearance.h"
 #include "platform/Bundle.h"
-#include "platform/PropertyList.h"
 #include "platform/text/view/FindBar.h"
 #include "ui_LSMDesignEditorViewController.h"
 #include "workbench/LSMDesignEditorViewController.h"
+#include "workbench/LSMPlaceholderMenu.h"
 
-#include <QFile>
 #include <QFontDatabase>
 #include <QMenu>
 
@@ -30,11 +30,6 @@ QFont editorFont()
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setPointSizeF(qMax(editorFontSize, font.pointSizeF()));
     return font;
-}
-
-QString localizedIn(const QString &table, const QString &text)
-{
-    return platform::Bundle::mainBundle().localizedString(text, {}, table);
 }
 
 } // namespace
@@ -106,16 +101,7 @@ void LSMDesignEditorViewController::populatePlaceholderMenu()
 {
     m_ui->placeholderPopup->setText(localized("Placeholders"));
     auto *menu = new QMenu(m_ui->placeholderPopup);
-    QFile file(platform::Bundle::mainBundle().pathForResource(QStringLiteral("placeholder"),
-                                                              QStringLiteral("plist")));
-    (void)file.open(QIODevice::ReadOnly); // what is not there holds nothing
-    const auto list = platform::PropertyList::parse(file.readAll());
-    const QVariantMap placeholders = list ? list->root.toMap() : QVariantMap();
-    for (auto entry = placeholders.cbegin(); entry != placeholders.cend(); ++entry) {
-        menu->addAction(
-            zq::withoutMnemonic(localizedIn(QStringLiteral("Placeholder"), entry.key())), this,
-            [this, text = entry->toString()] { insertPlaceholder(text); });
-    }
+    LSMFillPlaceholderMenu(menu, [this](const QString &text) { insertPlaceholder(text); });
     m_ui->placeholderPopup->setMenu(menu);
     m_ui->layoutPopup->setText(localized("Layouts"));
     m_ui->layoutPopup->setMenu(new QMenu(m_ui->layoutPopup));
@@ -145,9 +131,13 @@ void LSMDesignEditorViewController::updateLayoutPopupForTemplate(LSMDesignTempla
             break; // nor has any marker behind it an end
         const QString name = html.mid(at, end - at).remove(layoutMarker).replace(u'_', u' ');
         const TextRange range{at, layoutMarker.size()};
-        menu->addAction(zq::withoutMnemonic(localizedIn(QStringLiteral("DesignProperties"), name)),
-                        this, [this, range] { layoutMenuSelected(range); });
+        const QString title = platform::Bundle::mainBundle().localizedString(
+            name, {}, QStringLiteral("DesignProperties"));
+        menu->addAction(zq::withoutMnemonic(title), this,
+                        [this, range] { layoutMenuSelected(range); });
     }
+    if (menu->isEmpty())
+        menu->addAction(localized("The HTML names no layouts"))->setEnabled(false);
 }
 
 // The text may have become shorter since the menu was made.
@@ -225,4 +215,23 @@ void LSMDesignEditorViewController::textDidChange(platform::TextView *)
     m_design->setHtmlSourceCodeFrom([text = documentOf(m_design).text] { return text->string(); });
     if (m_design->isCustomDesignTemplate())
         markDirty();
+}
+
+bool LSMDesignEditorViewController::shouldReloadChangedDesignFromFile(LSMDesignTemplate *design)
+{
+    if (!design->templateShouldBeSaved())
+        return true;
+    const int answer = ZQRunAlertPanel(
+        localized("Attention"),
+        localized("The file containing the HTML of the design template \"%@\" has been changed "
+                  "externally, as well as in the Layoutsmith. Do you want to replace the HTML with "
+                  "the one on disk, or keep your current one?"),
+        localized("Keep It"), localized("Replace"), {}, design->templateName());
+    return answer != ZQAlertFirstButtonReturn;
+}
+
+void LSMDesignEditorViewController::didReloadChangedDesignFromFile(LSMDesignTemplate *design)
+{
+    if (design == m_design)
+        reloadData();
 }

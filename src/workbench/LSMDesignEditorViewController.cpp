@@ -2,10 +2,8 @@
 
 #include "editor/MGSFragariaView.h"
 #include "editor/SMLTextView.h"
-#include "kit/ui/OpenPanel.h"
 #include "kit/ui/TintedIcon.h"
 #include "kit/ui/ZQViewExtensions.h"
-#include "kit/ZQImageExtensions.h"
 #include "library/LSMDesignKeys.h"
 #include "platform/Assert.h"
 #include "platform/Bundle.h"
@@ -14,11 +12,7 @@
 #include "platform/Workspace.h"
 #include "ui_LSMDesignEditorViewController.h"
 #include "workbench/LSMNotifications.h"
-#include "workbench/LSMPreviewDocument.h"
 #include "workbench/LSMPropertyListItems.h"
-
-#include <QDir>
-#include <QLocale>
 
 using namespace std::chrono_literals;
 using platform::localizable;
@@ -28,7 +22,6 @@ using platform::NotificationCenter;
 namespace {
 
 constexpr auto previewDelay = 500ms;
-constexpr QSize largestPicture(300, 300);
 constexpr int narrowPage = 620; // below, picture and fields do not fit side by side
 constexpr const char *segmentLabels[] = {localizable("Design"), localizable("HTML"),
                                          localizable("Samples"), localizable("Properties"),
@@ -60,6 +53,8 @@ LSMDesignEditorViewController::LSMDesignEditorViewController(QObject *parent)
 
 LSMDesignEditorViewController::~LSMDesignEditorViewController()
 {
+    if (m_manager)
+        m_manager->setDelegate(nullptr);
     if (m_view && !m_view->parent())
         delete m_view;
 }
@@ -77,6 +72,7 @@ QWidget *LSMDesignEditorViewController::view()
 void LSMDesignEditorViewController::viewDidLoad()
 {
     PLATFORM_ASSERT(m_manager, "Need designTemplateManager");
+    m_manager->setDelegate(this);
     for (const char *label : segmentLabels) {
         const int segment = m_ui->segmentedControl->segmentCount();
         m_ui->segmentedControl->setSegmentCount(segment + 1);
@@ -86,7 +82,9 @@ void LSMDesignEditorViewController::viewDidLoad()
     configureFragariaView();
     populatePlaceholderMenu();
     configureFields();
-    configureStoreTab();
+    configureHostFields();
+    connect(m_ui->storeView, &LSMStoreView::designStoreDataDidChange, this,
+            &LSMDesignEditorViewController::designStoreDataDidChange);
     subscribe();
     if (!platform::UserDefaults::standardUserDefaults().boolean(QStringLiteral("showStoreSegment")))
         m_ui->segmentedControl->setSegmentCount(m_ui->segmentedControl->segmentCount() - 1);
@@ -110,22 +108,23 @@ void LSMDesignEditorViewController::configureFields()
         });
     };
     m_ui->designTab->installEventFilter(this);
+    m_ui->keywordField->setKnownKeywords(m_manager->keywords());
+    connect(m_ui->keywordField, &LSMKeywordField::keywordsWereChosen, this,
+            &LSMDesignEditorViewController::markDirty);
     bindText(m_ui->templateNameTextField, LSMDesignKeys::name);
     bindText(m_ui->templateIdentifierTextField, LSMDesignKeys::identifier);
     connect(m_ui->choosePictureButton, &QPushButton::clicked, this,
             &LSMDesignEditorViewController::choosePicture);
+    connect(m_ui->designIconImageView, &LSMImageView::imageWasPasted, this,
+            [this](const QImage &image) { takePicture(image, {}); });
     connect(m_ui->bannerButton, &QPushButton::clicked, this,
             &LSMDesignEditorViewController::duplicateWasAskedFor);
     connect(m_ui->emptyButton, &QPushButton::clicked, this,
             &LSMDesignEditorViewController::newDesignWasAskedFor);
-
-    const auto openSample = [this] {
-        if (const QListWidgetItem *item = m_ui->samplesList->currentItem())
-            platform::Workspace::sharedWorkspace().openUrl(
-                QUrl::fromLocalFile(item->data(Qt::UserRole).toString()));
-    };
-    connect(m_ui->openSampleButton, &QPushButton::clicked, this, openSample);
-    connect(m_ui->samplesList, &QListWidget::itemActivated, this, openSample);
+    connect(m_ui->samplesTab, &LSMSamplesView::generatingPreviewDidChange, this,
+            &LSMDesignEditorViewController::generatingPreviewDidChange);
+    connect(m_ui->samplesTab, &LSMSamplesView::samplesDidChange, this,
+            &LSMDesignEditorViewController::updateFacts);
 }
 
 // A narrow page has the picture below the fields.
@@ -140,22 +139,11 @@ bool LSMDesignEditorViewController::eventFilter(QObject *watched, QEvent *event)
 
 void LSMDesignEditorViewController::configureSplitter()
 {
-    m_ui->previewWebView->setMinimumSize(160, 120);
+    connect(m_ui->previewView, &LSMPreviewView::pictureWasAskedFor, this,
+            &LSMDesignEditorViewController::takePictureOfPreview);
     for (int side = 0; side < 2; ++side)
         m_ui->htmlSplitter->setStretchFactor(side, 1);
     m_ui->htmlSplitter->setSizes({1000, 1000});
-}
-
-void LSMDesignEditorViewController::configureStoreTab()
-{
-    connect(m_ui->paidSwitch, &QCheckBox::clicked, this, [this](bool paid) {
-        if (!m_design)
-            return;
-        m_design->setPaidTemplate(paid);
-        markDirty();
-        updateStore();
-        NotificationCenter::defaultCenter().post(LSMDesignTitleDidChange, m_design);
-    });
 }
 
 void LSMDesignEditorViewController::subscribe()
@@ -200,9 +188,11 @@ void LSMDesignEditorViewController::updateEnabling()
     m_ui->templateNameTextField->setReadOnly(!editable);
     m_ui->templateIdentifierTextField->setReadOnly(!editable);
     m_ui->fragariaView->textView()->setEditable(editable);
+    m_ui->keywordField->setEnabled(editable);
     m_ui->designIconImageView->setEnabled(editable);
     m_ui->choosePictureButton->setEnabled(editable);
-    m_ui->paidSwitch->setEnabled(editable);
+    m_ui->minimumVersionField->setReadOnly(!editable);
+    m_ui->imageInclusionPopup->setEnabled(editable);
     updateBanner();
 }
 
@@ -222,15 +212,16 @@ void LSMDesignEditorViewController::updateEmptyView()
 
 void LSMDesignEditorViewController::updateFacts()
 {
-    m_ui->keywordsText->setText(m_design ? listed(m_design->keywords()) : QString());
+    m_ui->keywordField->setDesignTemplate(m_design);
     m_ui->layoutsText->setText(m_design ? listed(m_design->layoutNames()) : QString());
     QString location = m_design ? m_design->templatePath() : QString();
     if (m_design && location.isNull())
         location = localized("Not saved yet");
     m_ui->locationText->setText(location);
-    updateSamples();
+    m_ui->samplesTab->setDesignTemplate(m_design);
     updateProperties();
-    updateStore();
+    updateHostFields();
+    m_ui->storeView->setDesign(m_design);
 }
 
 void LSMDesignEditorViewController::updateBanner()
@@ -241,47 +232,10 @@ void LSMDesignEditorViewController::updateBanner()
         localized("Built-in designs are read-only. Duplicate this one to change it."));
 }
 
-void LSMDesignEditorViewController::updateSamples()
-{
-    m_ui->samplesList->clear();
-    const QString date = m_design ? m_design->layoutPreviewGenerationDateString() : QString();
-    if (m_design && !m_design->templatePath().isNull()) {
-        const QDir folder(m_design->templatePath() + u'/' + LSMDesignKeys::layoutSamplesFolder);
-        for (const QFileInfo &sample :
-             folder.entryInfoList({QStringLiteral("*.html")}, QDir::Files)) {
-            auto *item = new QListWidgetItem(sample.completeBaseName().replace(u'_', u' '),
-                                             m_ui->samplesList);
-            item->setData(Qt::UserRole, sample.filePath());
-        }
-    }
-    const bool some = m_ui->samplesList->count() > 0;
-    m_ui->samplesDateText->setText(
-        some ? date : localized("There are no samples of this design's layouts."));
-    m_ui->samplesDateText->setAlignment(some ? Qt::AlignLeft : Qt::AlignCenter);
-    m_ui->samplesList->setVisible(some);
-    m_ui->openSampleButton->setVisible(some);
-    m_ui->samplesList->setCurrentRow(some ? 0 : -1);
-}
-
 void LSMDesignEditorViewController::updateProperties()
 {
     LSMFillWithPropertyList(m_ui->propertiesView,
                             m_design ? m_design->templateDictionary()->values() : QVariantMap());
-}
-
-void LSMDesignEditorViewController::updateStore()
-{
-    const bool paid = m_design && m_design->isPaidTemplate();
-    m_ui->paidSwitch->setChecked(paid);
-    const QVariant released = !paid ? QVariant()
-                                    : m_design->templateDictionary()
-                                          ->value(LSMDesignKeys::store)
-                                          .toMap()
-                                          .value(LSMDesignKeys::releaseDate);
-    const QDateTime date = released.value<platform::PropertyListDate>().toDateTime().toLocalTime();
-    m_ui->releaseDateText->setText(released.isValid()
-                                       ? QLocale().toString(date.date(), QLocale::LongFormat)
-                                       : QStringLiteral("–"));
 }
 
 void LSMDesignEditorViewController::reloadPreviewFromSourceCodeTextView()
@@ -289,10 +243,15 @@ void LSMDesignEditorViewController::reloadPreviewFromSourceCodeTextView()
     m_previewDelay.stop();
     const bool isSameDesign = m_design == m_previewedDesign;
     m_previewedDesign = m_design;
-    m_ui->previewWebView->loadData(LSMPreviewDocument(m_ui->fragariaView->string()),
-                                   QStringLiteral("text/html"), QStringLiteral("utf-8"),
-                                   isSameDesign ? platform::DocumentScroll::Keep
-                                                : platform::DocumentScroll::Top);
+    m_ui->previewView->showSource(m_ui->fragariaView->string(), m_design,
+                                  isSameDesign ? platform::DocumentScroll::Keep
+                                               : platform::DocumentScroll::Top);
+}
+
+void LSMDesignEditorViewController::designStoreDataDidChange()
+{
+    markDirty();
+    NotificationCenter::defaultCenter().post(LSMDesignTitleDidChange, m_design);
 }
 
 void LSMDesignEditorViewController::markDirty()
@@ -306,26 +265,6 @@ void LSMDesignEditorViewController::markCurrentDesignTemplateDirty(const QObject
         return;
     markDirty();
     Q_EMIT documentWasEdited();
-}
-
-void LSMDesignEditorViewController::choosePicture()
-{
-    const QString path = zq::runOpenPanel(
-        m_view, localized("Choose a Picture"),
-        localized("Pictures") + QStringLiteral(" (*.png *.jpg *.jpeg *.gif *.webp *.svg *.bmp)"));
-    if (!path.isEmpty())
-        m_ui->designIconImageView->takeFile(path);
-}
-
-void LSMDesignEditorViewController::handleDroppedImage(const QString &path)
-{
-    if (!m_design)
-        return;
-    m_design->setTemplateImagePath(path);
-    m_design->setTemplateImage(
-        zq::reducedAndResampledImageOfMaximumSize(zq::imageAtPath(path), largestPicture));
-    m_ui->designIconImageView->setImage(m_design->templateImage());
-    markDirty();
 }
 
 void LSMDesignEditorViewController::setSelectedTab(int tab)
@@ -348,8 +287,25 @@ void LSMDesignEditorViewController::editName()
 void LSMDesignEditorViewController::focusSelectedTab()
 {
     QWidget *const first[] = {m_ui->templateNameTextField, m_ui->fragariaView->textView(),
-                              m_ui->samplesList, m_ui->propertiesView, m_ui->paidSwitch};
+                              m_ui->samplesTab, m_ui->propertiesView, m_ui->storeView};
     first[m_selectedTab]->setFocus(Qt::OtherFocusReason);
+}
+
+void LSMDesignEditorViewController::saveLayoutPreviews(QObject *)
+{
+    setSelectedTab(SamplesTab);
+    m_ui->samplesTab->saveLayoutPreviewsOfDesignTemplate(m_design);
+}
+
+bool LSMDesignEditorViewController::canSaveLayoutPreviews() const
+{
+    return !m_ui->samplesTab->isGeneratingPreview() &&
+           LSMSamplesView::reasonNotToGenerate(m_design).isNull();
+}
+
+void LSMDesignEditorViewController::cancelLayoutPreviewsOfDesign(const LSMDesignTemplate *design)
+{
+    m_ui->samplesTab->cancelGenerationOfDesign(design);
 }
 
 void LSMDesignEditorViewController::switchToViewWithSenderTag(QObject *sender)
@@ -357,14 +313,19 @@ void LSMDesignEditorViewController::switchToViewWithSenderTag(QObject *sender)
     setSelectedTab(sender->property("tag").toInt());
 }
 
+QList<QMenu *> LSMDesignEditorViewController::previewMenus() const
+{
+    return m_ui->previewView->menus();
+}
+
 bool LSMDesignEditorViewController::isPreviewShown() const
 {
-    return !m_ui->previewWebView->isHidden();
+    return !m_ui->previewView->isHidden();
 }
 
 void LSMDesignEditorViewController::setPreviewShown(bool shown)
 {
-    m_ui->previewWebView->setVisible(shown);
+    m_ui->previewView->setVisible(shown);
 }
 
 bool LSMDesignEditorViewController::isPreviewBelow() const

@@ -2,6 +2,7 @@
 
 #include "editor/MGSFragariaTextViewDelegate.h"
 #include "library/LSMDesignTemplateManager.h"
+#include "library/LSMDesignTemplateManagerDelegate.h"
 #include "platform/text/view/TextView.h"
 
 #include <memory>
@@ -19,11 +20,14 @@ class WebView;
 
 /// The right side of the window: tabs over the design that the outline has selected. It keeps the
 /// model up to date as the user types, marks the design dirty, and previews the HTML 0.5 seconds
-/// after the last key. Built-in designs are shown and not edited.
+/// after the last key. Built-in designs are shown and not edited. It also answers for the user what
+/// is to become of a design whose HTML another program has changed.
 ///
 /// Hears `LSMSelectedDesignDidChange`, `LSMImageViewImageDropped`, `LSMDesignPropertyDidChange`;
 /// posts `LSMDesignTitleDidChange` from the store tab. Owned by the window controller; main thread.
-class LSMDesignEditorViewController : public QObject, private MGSFragariaTextViewDelegate
+class LSMDesignEditorViewController : public QObject,
+                                      private MGSFragariaTextViewDelegate,
+                                      private LSMDesignTemplateManagerDelegate
 {
     Q_OBJECT
 
@@ -63,13 +67,21 @@ public:
     bool isPreviewBelow() const;
     void setPreviewBelow(bool below);
     void reloadPreviewFromSourceCodeTextView();
+    QList<QMenu *> previewMenus() const;         ///< Its width, size and listing.
+    void takePictureOfPreview();                 ///< As the design's; beeps without a page.
     void choosePicture();                        ///< By a file dialog; as a drop.
     void insertPlaceholder(const QString &text); ///< In place of the selection.
+
+    /// Has Lotbook render a sample of each of the selected design's layouts.
+    void saveLayoutPreviews(QObject *sender = nullptr);
+    bool canSaveLayoutPreviews() const; ///< Not while that is going on.
+    void cancelLayoutPreviewsOfDesign(const LSMDesignTemplate *design);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     void selectedTabDidChange();
+    void generatingPreviewDidChange();
     void documentWasEdited();    ///< By a property: the window's edited state is due.
     void duplicateWasAskedFor(); ///< By the read-only banner's button.
     void newDesignWasAskedFor(); ///< By the button that greets where there is no design.
@@ -98,18 +110,24 @@ private:
                                   const std::vector<platform::TextRange> &ranges,
                                   const QStringList &replacements) override;
     void textDidChange(platform::TextView *view) override;
-    void configureStoreTab();
+    void configureHostFields();
+    void updateHostFields();
+    void updateVersionHint();
+    void templateMinLBVersionDidChange();
+    void templateImageInclusionDidChange();
+    void designStoreDataDidChange();
+    bool shouldReloadChangedDesignFromFile(LSMDesignTemplate *design) override;
+    void didReloadChangedDesignFromFile(LSMDesignTemplate *design) override;
     void subscribe();
     void selectedDesignDidChange(LSMDesignTemplate *design);
     void markDirty();
     void markCurrentDesignTemplateDirty(const QObject *design);
     void handleDroppedImage(const QString &path);
+    void takePicture(const QImage &picture, const QString &path);
     void updateBanner();
     void updateEnabling();
     void updateEmptyView();
-    void updateSamples();
     void updateProperties();
-    void updateStore();
 
     std::unique_ptr<Ui::LSMDesignEditorViewController> m_ui;
     QPointer<QWidget> m_view;

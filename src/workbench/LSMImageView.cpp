@@ -7,6 +7,7 @@
 #include "workbench/LSMNotifications.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDragEnterEvent>
 #include <QImageReader>
 #include <QMimeData>
@@ -38,6 +39,7 @@ QString firstFile(const QMimeData *data)
 LSMImageView::LSMImageView(QWidget *parent) : QWidget(parent)
 {
     setAcceptDrops(true);
+    setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(platform::localized("Picture of the design"));
 }
 
@@ -80,6 +82,38 @@ bool LSMImageView::takeFile(const QString &path)
     return true;
 }
 
+bool LSMImageView::canPaste() const
+{
+    const QMimeData *offer = QApplication::clipboard()->mimeData();
+    return isEnabled() && offer && (!firstFile(offer).isEmpty() || offer->hasImage());
+}
+
+void LSMImageView::paste()
+{
+    if (!canPaste())
+        return QApplication::beep();
+    const QMimeData *offer = QApplication::clipboard()->mimeData();
+    const QImage image = offer->imageData().value<QImage>();
+    if (firstFile(offer).isEmpty() && !image.isNull())
+        Q_EMIT imageWasPasted(image);
+    else
+        takeFile(firstFile(offer));
+}
+
+void LSMImageView::copy()
+{
+    if (canCopy())
+        QApplication::clipboard()->setImage(m_image);
+}
+
+void LSMImageView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace)
+        QApplication::beep();
+    else
+        QWidget::keyPressEvent(event);
+}
+
 void LSMImageView::notifyWithImageDropped(const QString &path)
 {
     platform::NotificationCenter::defaultCenter().post(LSMImageViewImageDropped, this,
@@ -118,8 +152,9 @@ void LSMImageView::paintEvent(QPaintEvent *)
         painter.drawImage(target, m_image);
         painter.setClipping(false);
     }
-    painter.setPen(QPen(
-        namedColor(m_dragIsOver ? QStringLiteral("accentColor") : QStringLiteral("separatorColor")),
-        m_dragIsOver ? 2.5 : 1, m_image.isNull() ? Qt::DashLine : Qt::SolidLine));
+    const bool stands = m_dragIsOver || hasFocus();
+    painter.setPen(
+        QPen(namedColor(stands ? QStringLiteral("accentColor") : QStringLiteral("separatorColor")),
+             m_dragIsOver ? 2.5 : 1, m_image.isNull() ? Qt::DashLine : Qt::SolidLine));
     painter.drawPath(clip);
 }

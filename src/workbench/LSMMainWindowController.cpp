@@ -1,5 +1,6 @@
 #include "workbench/LSMMainWindowController.h"
 
+#include "kit/ui/ActionNotice.h"
 #include "kit/ui/ElidedLabel.h"
 #include "kit/ui/FirstResponder.h"
 #include "kit/ui/TargetAction.h"
@@ -120,6 +121,8 @@ void LSMMainWindowController::setupMenus()
     m_ui->menuEdit->insertSeparator(m_ui->actionSearchDesigns);
     m_ui->menuEdit->insertMenu(m_ui->actionSearchDesigns, m_editor->codeMenu());
     m_ui->menuEdit->insertSeparator(m_ui->actionSearchDesigns);
+    for (QMenu *menu : m_editor->previewMenus())
+        m_ui->menuView->insertMenu(m_ui->actionReloadPreview, menu);
     connect(m_ui->actionQuit, &QAction::triggered, qApp, &QCoreApplication::quit,
             Qt::QueuedConnection);
     m_validation = new zq::ValidationScheduler(m_window.get());
@@ -129,6 +132,8 @@ void LSMMainWindowController::setupStatusBar()
 {
     m_statusText = new zq::ElidedLabel;
     m_countText = new QLabel;
+    m_deletionNotice = new zq::ActionNotice(localized("Undo"));
+    m_ui->statusBar->addWidget(m_deletionNotice);
     m_ui->statusBar->addWidget(m_statusText, 1);
     m_ui->statusBar->addPermanentWidget(m_countText);
     m_ui->statusBar->setSizeGripEnabled(false);
@@ -143,6 +148,11 @@ void LSMMainWindowController::followEditor()
             [this] { setEdited(true); });
     connect(m_commands, &LSMDesignCommands::editedStateDidChange, this,
             &LSMMainWindowController::setEdited);
+    connect(m_commands, &LSMDesignCommands::designWasDeleted, this, [this](const QString &title) {
+        m_deletionNotice->showNotice(platform::format(localized("“%@” was deleted."), title));
+    });
+    connect(m_deletionNotice, &zq::ActionNotice::buttonWasPressed, this,
+            [this] { undoDeleteAction(); });
     connect(m_outline, &LSMOutlineViewController::shownDesignsDidChange, this,
             &LSMMainWindowController::updateStatus);
     const auto followTab = [this] {
@@ -152,6 +162,8 @@ void LSMMainWindowController::followEditor()
     };
     connect(m_editor, &LSMDesignEditorViewController::selectedTabDidChange, this, followTab);
     followTab();
+    connect(m_editor, &LSMDesignEditorViewController::generatingPreviewDidChange, this,
+            &LSMMainWindowController::validateSoon);
     connect(m_editor, &LSMDesignEditorViewController::duplicateWasAskedFor, this,
             [this] { duplicateAction(); });
     connect(m_editor, &LSMDesignEditorViewController::newDesignWasAskedFor, this,
@@ -298,6 +310,11 @@ bool LSMMainWindowController::eventFilter(QObject *watched, QEvent *event)
     }
     if (watched == m_ui->outlineView && key == Qt::Key_Delete) {
         deleteAction();
+        return true;
+    }
+    if (watched == m_ui->outlineView &&
+        static_cast<QKeyEvent *>(event)->matches(QKeySequence::Undo)) {
+        undoDeleteAction();
         return true;
     }
     return false;

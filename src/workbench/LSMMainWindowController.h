@@ -14,6 +14,7 @@ namespace Ui {
 class LSMMainWindowController;
 }
 namespace zq {
+class ActionNotice;
 class ElidedLabel;
 class ValidationScheduler;
 } // namespace zq
@@ -63,8 +64,12 @@ public Q_SLOTS:
     void revertAction(QObject *sender = nullptr);
     void revealAction(QObject *sender = nullptr);
     void deleteAction(QObject *sender = nullptr);
+    void undoDeleteAction(QObject *sender = nullptr);
     void printAction(QObject *sender = nullptr);
     void choosePictureAction(QObject *sender = nullptr);
+    void showInLBAction(QObject *sender = nullptr);
+    void saveLayoutPreviews(QObject *sender = nullptr);
+    void takePreviewPictureAction(QObject *sender = nullptr);
     void searchDesignsAction(QObject *sender = nullptr);
     void switchToViewWithSenderTag(QObject *sender);
     void togglePreviewAction(QObject *sender = nullptr);
@@ -74,6 +79,7 @@ public Q_SLOTS:
     void toggleToolbarVisibility(QObject *sender = nullptr);
     void toggleFullScreenAction(QObject *sender = nullptr);
     void chooseAppearanceAction(QObject *sender);
+    void showPreferencesPanel(QObject *sender = nullptr);
     void showAboutAction(QObject *sender = nullptr);
 
 public:
@@ -83,9 +89,13 @@ public:
     Q_INVOKABLE bool validateSaveAllAction(QObject *item);
     Q_INVOKABLE bool validateDuplicateAction(QObject *item);
     Q_INVOKABLE bool validateRenameAction(QObject *item);
+    Q_INVOKABLE bool validateUndoDeleteAction(QObject *item);
     Q_INVOKABLE bool validatePrintAction(QObject *item);
     Q_INVOKABLE bool validateToggleToolbarVisibility(QObject *item);
     Q_INVOKABLE bool validateChoosePictureAction(QObject *item);
+    Q_INVOKABLE bool validateShowInLBAction(QObject *item);
+    Q_INVOKABLE bool validateSaveLayoutPreviews(QObject *item);
+    Q_INVOKABLE bool validateTakePreviewPictureAction(QObject *item);
     Q_INVOKABLE bool validateSwitchToViewWithSenderTag(QObject *item);
     Q_INVOKABLE bool validateTogglePreviewAction(QObject *item);
     Q_INVOKABLE bool validateTurnPreviewAction(QObject *item);
@@ -119,6 +129,7 @@ private:
     QPointer<LSMDesignTemplate> m_followedDesign; // the selected one
     zq::Toolbar *m_toolbar = nullptr;
     zq::ValidationScheduler *m_validation = nullptr;
+    zq::ActionNotice *m_deletionNotice = nullptr;
     zq::ElidedLabel *m_statusText = nullptr;
     class QLabel *m_countText = nullptr;
 };

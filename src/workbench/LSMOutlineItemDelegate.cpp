@@ -99,7 +99,7 @@ void LSMOutlineItemDelegate::paintDesign(QPainter *painter, const QStyleOptionVi
 
     const QRect picture(QPoint(row.left() + margin, row.center().y() - thumbnailSize.height() / 2),
                         thumbnailSize);
-    paintThumbnail(painter, picture, design.templateImagePath());
+    paintThumbnail(painter, picture, design);
 
     const QString titleColor = design.outlineViewTextColor().isValid()
                                    ? QStringLiteral("paidTemplateColor")
@@ -120,14 +120,26 @@ void LSMOutlineItemDelegate::paintDesign(QPainter *painter, const QStyleOptionVi
                                      : design.templateIdentifier());
 }
 
+// A picture that was pasted stands in no file.
+QImage LSMOutlineItemDelegate::thumbnail(const LSMDesignTemplate &design, const QSize &size) const
+{
+    const QString path = design.templateImagePath();
+    if (!path.isEmpty())
+        return m_thumbnails->thumbnail(path, size);
+    const QImage image = design.templateImage();
+    return image.isNull()
+               ? image
+               : image.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+}
+
 void LSMOutlineItemDelegate::paintThumbnail(QPainter *painter, const QRect &frame,
-                                            const QString &path) const
+                                            const LSMDesignTemplate &design) const
 {
     QPainterPath clip;
     clip.addRoundedRect(QRectF(frame), 3, 3);
     painter->fillPath(clip, namedColor(QStringLiteral("contentBackground")));
     const qreal ratio = painter->device()->devicePixelRatioF();
-    QImage image = m_thumbnails->thumbnail(path, thumbnailSize * ratio);
+    QImage image = thumbnail(design, thumbnailSize * ratio);
     if (image.isNull()) {
         zq::tintedIcon(QStringLiteral("Picture"))
             .paint(painter, frame.adjusted(12, 6, -12, -6), Qt::AlignCenter, QIcon::Disabled);

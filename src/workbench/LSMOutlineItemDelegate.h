@@ -24,14 +24,14 @@ public:
                const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
-    LSMThumbnailLoader *thumbnails() const { return m_thumbnails; }
-
 private:
     void paintGroup(QPainter *painter, const QStyleOptionViewItem &option,
                     const QModelIndex &index) const;
     void paintDesign(QPainter *painter, const QStyleOptionViewItem &option,
                      const LSMDesignTemplate &design) const;
-    void paintThumbnail(QPainter *painter, const QRect &frame, const QString &path) const;
+    void paintThumbnail(QPainter *painter, const QRect &frame,
+                        const LSMDesignTemplate &design) const;
+    QImage thumbnail(const LSMDesignTemplate &design, const QSize &size) const;
 
     LSMOutlineView *m_view;
     DesignAt m_designAt;

@@ -112,7 +112,6 @@ void LSMOutlineViewController::reloadData()
 
 void LSMOutlineViewController::reloadDesign(LSMDesignTemplate *design)
 {
-    m_delegate->thumbnails()->forget(design->templateImagePath());
     m_model->reloadDesign(design);
 }
 

@@ -40,21 +40,18 @@ QImage LSMThumbnailLoader::thumbnail(const QString &path, const QSize &size)
 {
     if (path.isEmpty())
         return {};
+    const QFileInfo file(path);
+    const Request wanted{path, size, file.lastModified(), file.size()};
     const Thumbnail *known = m_thumbnails.object(path);
-    if (known && known->size == size)
+    if (known && known->source == wanted)
         return known->image;
     const QImage image = known ? known->image : QImage();
     m_requests.removeIf([&path](const Request &request) { return request.path == path; });
-    m_requests.append({path, size});
+    m_requests.append(wanted);
     if (m_requests.size() > mostRequests)
         m_requests.removeFirst();
     loadNext();
     return image;
-}
-
-void LSMThumbnailLoader::forget(const QString &path)
-{
-    m_thumbnails.remove(path);
 }
 
 void LSMThumbnailLoader::loadNext()
@@ -72,7 +69,7 @@ void LSMThumbnailLoader::loadNext()
 void LSMThumbnailLoader::didLoad(const Request &request, const QImage &image)
 {
     m_loading = false;
-    m_thumbnails.insert(request.path, new Thumbnail{image, request.size},
+    m_thumbnails.insert(request.path, new Thumbnail{image, request},
                         qMax(1, int(image.sizeInBytes())));
     if (!image.isNull())
         Q_EMIT thumbnailDidLoad(request.path);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCache>
+#include <QDateTime>
 #include <QImage>
 #include <QObject>
 #include <QThreadPool>
@@ -18,10 +19,8 @@ public:
 
     /// The picture of the file, to fill `size` device pixels, or null when it is not there yet
     /// (then `thumbnailDidLoad` follows) or cannot be read (then not). When it is known in another
-    /// size, that one until the right one has come.
+    /// size, or as it was before the file changed, that one until the right one has come.
     QImage thumbnail(const QString &path, const QSize &size);
-
-    void forget(const QString &path); ///< It has changed on disk.
 
 Q_SIGNALS:
     void thumbnailDidLoad(const QString &path);
@@ -31,11 +30,15 @@ private:
     {
         QString path;
         QSize size;
+        QDateTime changed; // the file
+        qint64 bytes = 0;
+
+        bool operator==(const Request &) const = default;
     };
     struct Thumbnail
     {
         QImage image;
-        QSize size; // that was asked for
+        Request source;
     };
 
     void loadNext();

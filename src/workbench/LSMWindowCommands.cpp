@@ -1,9 +1,11 @@
 // What the menus and the toolbar ask for, and may ask for.
 #include "workbench/LSMMainWindowController.h"
 
+#include "kit/ui/ActionNotice.h"
 #include "kit/ui/TargetAction.h"
 #include "kit/ui/TintedIcon.h"
 #include "kit/ui/ZQMenuItemValidator.h"
+#include "kit/ui/ZQViewExtensions.h"
 #include "kit/ZQBundleExtensions.h"
 #include "platform/Appearance.h"
 #include "platform/Bundle.h"
@@ -12,6 +14,7 @@
 #include "workbench/LSMDesignCommands.h"
 #include "workbench/LSMDesignEditorViewController.h"
 #include "workbench/LSMOutlineViewController.h"
+#include "workbench/LSMPreferencesPanelController.h"
 #include "workbench/LSMToolbarItems.h"
 
 #include <QMessageBox>
@@ -156,6 +159,22 @@ void LSMMainWindowController::deleteAction(QObject *)
     m_commands->remove();
 }
 
+void LSMMainWindowController::undoDeleteAction(QObject *)
+{
+    m_deletionNotice->hide();
+    m_commands->undoDelete();
+}
+
+bool LSMMainWindowController::validateUndoDeleteAction(QObject *item)
+{
+    const QString title = m_commands->titleOfDeleted();
+    if (auto *action = qobject_cast<QAction *>(item))
+        action->setText(title.isNull() ? localized("Undo &Delete")
+                                       : platform::format(localized("Undo &Delete of “%@”"),
+                                                          zq::withoutMnemonic(title)));
+    return !title.isNull();
+}
+
 void LSMMainWindowController::choosePictureAction(QObject *)
 {
     m_editor->choosePicture();
@@ -164,6 +183,26 @@ void LSMMainWindowController::choosePictureAction(QObject *)
 bool LSMMainWindowController::validateChoosePictureAction(QObject *)
 {
     return isCustomDesignSelected();
+}
+
+void LSMMainWindowController::showInLBAction(QObject *)
+{
+    m_commands->showInLotbook();
+}
+
+bool LSMMainWindowController::validateShowInLBAction(QObject *)
+{
+    return selectedDesign();
+}
+
+void LSMMainWindowController::saveLayoutPreviews(QObject *)
+{
+    m_editor->saveLayoutPreviews();
+}
+
+bool LSMMainWindowController::validateSaveLayoutPreviews(QObject *)
+{
+    return m_editor->canSaveLayoutPreviews();
 }
 
 void LSMMainWindowController::searchDesignsAction(QObject *)
@@ -207,6 +246,18 @@ void LSMMainWindowController::reloadPreviewAction(QObject *)
     m_editor->reloadPreviewFromSourceCodeTextView();
 }
 
+void LSMMainWindowController::takePreviewPictureAction(QObject *)
+{
+    m_editor->takePictureOfPreview();
+}
+
+bool LSMMainWindowController::validateTakePreviewPictureAction(QObject *)
+{
+    const LSMDesignTemplate *design = selectedDesign();
+    return design && design->isCustomDesignTemplate() && m_editor->isPreviewShown() &&
+           m_editor->selectedTab() == LSMDesignEditorViewController::HtmlTab;
+}
+
 void LSMMainWindowController::runToolbarCustomizationPalette(QObject *)
 {
     m_toolbar->runCustomizationPalette();
@@ -240,6 +291,11 @@ bool LSMMainWindowController::validateChooseAppearanceAction(QObject *item)
 {
     return check(item, platform::Appearance::shared().choice() ==
                            QLatin1StringView(appearances[qBound(0, zq::tag(item), 2)]));
+}
+
+void LSMMainWindowController::showPreferencesPanel(QObject *)
+{
+    LSMPreferencesPanelController::sharedLSMPreferencesPanelController().showWindow(m_window.get());
 }
 
 void LSMMainWindowController::showAboutAction(QObject *)

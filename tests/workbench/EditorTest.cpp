@@ -183,7 +183,11 @@ TEST_F(EditorTest, PlaceholdersReplaceTheSelection)
     writeDesign(QStringLiteral("Alpha"), Group::Custom, "<h1>old</h1>");
     launch();
     pressShortcut("actionViewHtml");
-    EXPECT_TRUE(titlesIn(popup("placeholderPopup")).contains(QStringLiteral("Title")));
+    const QStringList offered = titlesIn(popup("placeholderPopup"));
+    EXPECT_EQ(offered.first(), QStringLiteral("Title")) << "in the order of the resource";
+    EXPECT_EQ(offered.last(), QStringLiteral("Parts of the Design"));
+    EXPECT_TRUE(titlesIn(popup("placeholderPopup")->actions().last()->menu())
+                    .contains(QStringLiteral("Part for One Layout")));
     source()->setSelectedRange({4, 3});
     for (QAction *action : popup("placeholderPopup")->actions()) {
         if (action->text() == u"Title")
@@ -324,7 +328,7 @@ TEST_F(EditorTest, EveryTabStopShowsThatItHasTheKeyboard)
         for (int tab = 0; tab < 5; ++tab) {
             editor()->setSelectedTab(tab);
             for (QWidget *stop : window()->findChildren<QWidget *>()) {
-                if (!stop->isVisible() || !stop->isEnabled() ||
+                if (!stop->isVisible() || !stop->isEnabled() || stop->focusProxy() ||
                     !(stop->focusPolicy() & Qt::TabFocus))
                     continue;
                 bar->setFocus();
@@ -365,10 +369,14 @@ TEST_F(EditorTest, PicturesAreDroppedOrChosenAndReduced)
     EXPECT_EQ(selected()->templateImage().size(), QSize(40, 30));
 
     support::writeFile(home.path(QStringLiteral("broken.png")), "no picture");
+    selected()->setTemplateShouldBeSaved(false);
+    const support::AlertAnswers answers;
     drop(home.path(QStringLiteral("broken.png")));
-    EXPECT_TRUE(selected()->templateImage().isNull());
-    pressShortcut("actionSave");
-    EXPECT_EQ(QImage(folder + QStringLiteral("/thumbnail.png")).size(), QSize(300, 200));
+    ASSERT_TRUE(support::waitUntil([&] { return answers.shown.size() == 1; }));
+    EXPECT_TRUE(answers.shown[0].informativeText.contains(QStringLiteral("“broken.png”")));
+    EXPECT_EQ(selected()->templateImage().size(), QSize(40, 30));
+    EXPECT_EQ(selected()->templateImagePath(), home.path(QStringLiteral("chosen.jpg")));
+    EXPECT_FALSE(selected()->templateShouldBeSaved());
 }
 
 TEST_F(EditorTest, ThePaidSwitchAddsTheStoreAndItsSaveDropsIt)

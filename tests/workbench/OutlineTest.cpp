@@ -206,10 +206,10 @@ TEST_F(OutlineTest, KeysAndMenuReachTheCommandsOfTheRow)
     EXPECT_EQ(menuTitles(outline()->indexForRow(0)), QStringLiteral("NewDesign"));
     EXPECT_TRUE(outline()->isExpanded(outline()->indexForRow(0)));
     EXPECT_EQ(menuTitles(outline()->indexForRow(2)),
-              QStringLiteral("NewDesign Duplicate Rename Revert Reveal Delete"));
+              QStringLiteral("NewDesign Duplicate Rename Revert Reveal ShowInLB Delete"));
     EXPECT_EQ(selectedTitle(), QStringLiteral("Beta"));
     EXPECT_EQ(menuTitles(outline()->indexForRow(5)),
-              QStringLiteral("NewDesign Duplicate Revert Reveal Delete"));
+              QStringLiteral("NewDesign Duplicate Revert Reveal ShowInLB Delete"));
 
     select(QStringLiteral("alpha"));
     editor()->setSelectedTab(LSMDesignEditorViewController::HtmlTab);
@@ -220,4 +220,19 @@ TEST_F(OutlineTest, KeysAndMenuReachTheCommandsOfTheRow)
     pressShortcut("actionRename");
     EXPECT_TRUE(name->hasFocus());
     EXPECT_EQ(name->selectedText(), QStringLiteral("alpha"));
+}
+
+TEST_F(OutlineTest, AThumbnailFollowsItsFile)
+{
+    const QString folder = writeDesign(QStringLiteral("Alpha"));
+    const auto write = [&folder](Qt::GlobalColor color, const QSize &size) {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(color);
+        image.save(folder + QStringLiteral("/thumbnail.png"));
+    };
+    write(Qt::red, {40, 30});
+    launch();
+    EXPECT_TRUE(support::waitUntil([this] { return outlineShows(Qt::red); }));
+    write(Qt::blue, {41, 30});
+    EXPECT_TRUE(support::waitUntil([this] { return outlineShows(Qt::blue); }));
 }

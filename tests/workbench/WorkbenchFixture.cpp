@@ -106,6 +106,17 @@ QStringList WorkbenchTest::titles() const
     return result;
 }
 
+bool WorkbenchTest::outlineShows(const QColor &color) const
+{
+    const QImage image = outline()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        if (std::find(line, line + image.width(), color.rgb()) != line + image.width())
+            return true;
+    }
+    return false;
+}
+
 void WorkbenchTest::clickToolbarItem(const char *identifier)
 {
     support::settle();

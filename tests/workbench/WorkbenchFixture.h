@@ -61,6 +61,8 @@ protected:
     LSMOutlineView *outline() const { return child<LSMOutlineView>("outlineView"); }
     QAction *menuItem(const char *name) const { return child<QAction>(name); }
 
+    bool outlineShows(const QColor &color) const; ///< Somewhere, pure.
+
     void clickToolbarItem(const char *identifier);
     bool toolbarItemIsEnabled(const char *identifier);
     void clickMenuItem(const char *name); ///< Opens its menu and clicks it.

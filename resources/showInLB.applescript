@@ -1,0 +1,5 @@
+-- Selects the template with the identifier in Lotbook.
+tell application "Lotbook"
+	activate
+	select template "%@"
+end tell

@@ -1,0 +1,139 @@
+#include "library/LSMLotbookConfig.h"
+#include "platform/UserDefaults.h"
+#include "workbench/LSMPreferencesPanelController.h"
+#include "workbench/WorkbenchFixture.h"
+
+#include <QComboBox>
+#include <QTest>
+
+using platform::UserDefaults;
+
+class PreferencesTest : public WorkbenchTest
+{
+protected:
+    static constexpr const char *versionKey = "lotbookApplicationIdentifier";
+    static constexpr const char *labelKey = "finderLabelInt";
+
+    void open()
+    {
+        launch();
+        pressShortcut("actionPreferences");
+        ASSERT_TRUE(panel() && panel()->isVisible());
+    }
+    static QDialog *panel()
+    {
+        return LSMPreferencesPanelController::sharedLSMPreferencesPanelController().window();
+    }
+    static QComboBox *popup(const char *name)
+    {
+        return panel()->findChild<QComboBox *>(QString::fromLatin1(name));
+    }
+    static QComboBox *versions() { return popup("lotbookVersionPopup"); }
+    static QComboBox *labels() { return popup("finderColorPopup"); }
+    static QStringList titlesIn(const QComboBox *popup)
+    {
+        QStringList titles;
+        for (int index = 0; index < popup->count(); ++index)
+            titles << popup->itemText(index);
+        return titles;
+    }
+    static QVariant stored(const char *key)
+    {
+        return UserDefaults::standardUserDefaults().object(QString::fromLatin1(key));
+    }
+    static void store(const char *key, const QVariant &value)
+    {
+        UserDefaults::standardUserDefaults().setObject(QString::fromLatin1(key), value);
+    }
+};
+
+TEST_F(PreferencesTest, AVersionIsChosenByQuitting)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    open();
+    EXPECT_EQ(titlesIn(versions()),
+              QStringList({QStringLiteral("Lotbook 9"), QStringLiteral("Lotbook 8"),
+                           QStringLiteral("Lotbook 7")}));
+    EXPECT_EQ(versions()->currentText(), QStringLiteral("Lotbook 9"));
+    support::AlertAnswers answers({ZQAlertSecondButtonReturn, ZQAlertFirstButtonReturn});
+
+    QTest::keyClick(versions(), Qt::Key_Home); // where it is already
+    EXPECT_TRUE(answers.shown.isEmpty());
+    QTest::keyClick(versions(), Qt::Key_Down);
+    ASSERT_EQ(answers.shown.size(), 1);
+    EXPECT_EQ(answers.shown[0].messageText, QStringLiteral("Restart Needed"));
+    EXPECT_EQ(answers.shown[0].informativeText,
+              QStringLiteral("The Layoutsmith needs to be restarted to change the Lotbook version. "
+                             "Do you want to quit now?"));
+    EXPECT_EQ(answers.shown[0].buttonTitles,
+              QStringList({QStringLiteral("Quit"), QStringLiteral("Cancel")}));
+    EXPECT_EQ(versions()->currentText(), QStringLiteral("Lotbook 9"));
+    EXPECT_EQ(stored(versionKey), QStringLiteral("com.quillbyte.lotbook9"));
+
+    QTimer::singleShot(0, window(), [] { QTest::keyClick(versions(), Qt::Key_End); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_FALSE(window()->isVisible());
+    EXPECT_EQ(stored(versionKey), QStringLiteral("com.quillbyte.lotbook7"));
+}
+
+TEST_F(PreferencesTest, UnsavedDesignsAreAskedAboutFirst)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    open();
+    selected()->setTemplateShouldBeSaved(true);
+    const int quitProgram = ZQAlertFirstButtonReturn;
+    support::AlertAnswers answers({quitProgram, ZQAlertSecondButtonReturn, quitProgram});
+    QTimer::singleShot(0, window(), [&] {
+        QTest::keyClick(versions(), Qt::Key_Down);
+        EXPECT_TRUE(support::waitUntil([&] { return answers.shown.size() == 2; }));
+        EXPECT_EQ(answers.shown[1].messageText, QStringLiteral("Unsaved Changes"));
+        EXPECT_TRUE(window()->isVisible());
+        EXPECT_EQ(stored(versionKey), QStringLiteral("com.quillbyte.lotbook8"));
+        QCoreApplication::quit();
+    });
+    EXPECT_EQ(QApplication::exec(), 0);
+}
+
+TEST_F(PreferencesTest, FinderLabelsAndTheSettingFollowEachOther)
+{
+    const char *names[] = {"None", "Grey", "Green", "Purple", "Blue", "Yellow", "Red", "Orange"};
+    open();
+    ASSERT_EQ(labels()->count(), 8);
+    EXPECT_EQ(labels()->currentText(), QStringLiteral("None"));
+    QList<QRgb> swatches;
+    for (int label = 0; label < 8; ++label) {
+        EXPECT_EQ(labels()->itemText(label), QString::fromLatin1(names[label]));
+        const QImage swatch = labels()->itemIcon(label).pixmap(12).toImage();
+        swatches << swatch.pixel(swatch.width() / 2, swatch.height() / 2);
+    }
+    EXPECT_EQ(QSet<QRgb>(swatches.begin(), swatches.end()).size(), 8);
+
+    QTest::keyClick(labels(), Qt::Key_End);
+    EXPECT_EQ(stored(labelKey), 7);
+    store(labelKey, 2);
+    EXPECT_EQ(labels()->currentText(), QStringLiteral("Green"));
+    store(labelKey, 99);
+    EXPECT_EQ(labels()->currentIndex(), -1);
+    store(labelKey, 0);
+    EXPECT_EQ(labels()->currentText(), QStringLiteral("None"));
+
+    QWheelEvent wheel(QPointF(5, 5), labels()->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120),
+                      Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(labels(), &wheel);
+    EXPECT_EQ(stored(labelKey), 0);
+}
+
+TEST_F(PreferencesTest, AnUnknownVersionSelectsNoneAndTheOneWindowComesBack)
+{
+    store(versionKey, QStringLiteral("com.quillbyte.lotbook10"));
+    open();
+    EXPECT_EQ(versions()->currentIndex(), -1);
+    const QDialog *first = panel();
+    QTest::keyClick(panel(), Qt::Key_Escape);
+    EXPECT_FALSE(first->isVisible());
+    pressShortcut("actionPreferences");
+    EXPECT_EQ(panel(), first);
+    EXPECT_TRUE(first->isVisible());
+    quit();
+    EXPECT_FALSE(panel()) << "it goes with the main window";
+}
