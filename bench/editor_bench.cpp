@@ -9,6 +9,7 @@
 #include "editor/colouring/SMLSyntaxColouring.h"
 #include "editor/MGSFragariaView.h"
 #include "editor/SMLTextView.h"
+#include "kit/ui/ApplicationStyle.h"
 
 #include <algorithm>
 #include <cmath>
@@ -500,6 +501,7 @@ int main(int argc, char **argv)
 {
     qputenv("QT_NO_GLIB", "1");
     QApplication application(argc, argv);
+    zq::installApplicationStyle();
     QApplication::setCursorFlashTime(0);
     QCommandLineParser parser;
     parser.addHelpOption();
