@@ -152,10 +152,15 @@ void TextUndo::endGroup()
     Q_EMIT didChange();
 }
 
-std::optional<TextUndo::Step> TextUndo::stepToUndo() const
+std::optional<TextUndo::Step> TextUndo::next(Direction direction) const
 {
-    if (!canUndo())
-        return std::nullopt;
+    if (direction == Direction::Undo)
+        return canUndo() ? std::optional(stepToUndo()) : std::nullopt;
+    return canRedo() ? std::optional(stepToRedo()) : std::nullopt;
+}
+
+TextUndo::Step TextUndo::stepToUndo() const
+{
     const Entry &entry = m_steps[m_done - 1];
     Step step{{}, entry.before};
     for (size_t i = entry.changes.size(); i > 0; --i)
@@ -163,28 +168,17 @@ std::optional<TextUndo::Step> TextUndo::stepToUndo() const
     return step;
 }
 
-std::optional<TextUndo::Step> TextUndo::stepToRedo() const
+TextUndo::Step TextUndo::stepToRedo() const
 {
-    if (!canRedo())
-        return std::nullopt;
     const Entry &entry = m_steps[m_done];
-    return Step{entry.changes, selectionsAfter(entry.changes.back())};
+    return {entry.changes, selectionsAfter(entry.changes.back())};
 }
 
-std::optional<TextUndo::Step> TextUndo::undo()
+std::optional<TextUndo::Step> TextUndo::take(Direction direction)
 {
-    return taken(stepToUndo(), m_done - 1);
-}
-
-std::optional<TextUndo::Step> TextUndo::redo()
-{
-    return taken(stepToRedo(), m_done + 1);
-}
-
-std::optional<TextUndo::Step> TextUndo::taken(std::optional<Step> step, size_t done)
-{
+    const std::optional<Step> step = next(direction);
     if (step) {
-        m_done = done;
+        direction == Direction::Undo ? --m_done : ++m_done;
         m_isBroken = true;
         expect(step->changes);
         Q_EMIT didChange();

@@ -71,13 +71,9 @@ public:
     bool canUndo() const { return m_done > 0 && m_groups == 0; }
     bool canRedo() const { return m_done < m_steps.size() && m_groups == 0; }
 
-    /// What would come next, if there is anything.
-    std::optional<Step> stepToUndo() const;
-    std::optional<Step> stepToRedo() const;
-
-    /// The same, about to be carried out.
-    std::optional<Step> undo();
-    std::optional<Step> redo();
+    enum class Direction { Undo, Redo };
+    std::optional<Step> next(Direction direction) const; ///< If there is any.
+    std::optional<Step> take(Direction direction);       ///< The same, about to be carried out.
 
     void clear();
 
@@ -114,7 +110,8 @@ private:
     void endGroup();
     void textDidChange(TextRange range, qsizetype changeInLength);
     quint64 state() const { return m_done == 0 ? m_firstState : m_steps[m_done - 1].state; }
-    std::optional<Step> taken(std::optional<Step> step, size_t done);
+    Step stepToUndo() const;
+    Step stepToRedo() const;
     void forgetUndone();
     bool coalesces(Kind kind, const Change &change) const;
     void expect(const std::vector<Change> &changes);

@@ -28,8 +28,8 @@ protected:
             change(Kind::Typing, {{{at++, 0}, c}});
     }
 
-    bool undo() { return carryOut(history.undo()); }
-    bool redo() { return carryOut(history.redo()); }
+    bool undo() { return carryOut(history.take(TextUndo::Direction::Undo)); }
+    bool redo() { return carryOut(history.take(TextUndo::Direction::Redo)); }
 
     bool carryOut(const std::optional<TextUndo::Step> &step)
     {
@@ -118,7 +118,7 @@ TEST_F(TextUndoTest, SeveralCaretsTypeAndDeleteInOneStep)
     EXPECT_EQ(storage.string(), u"1xxx\n2xxx\n3xxx"_s);
     ASSERT_TRUE(undo());
     EXPECT_EQ(storage.string(), u"1\n2\n3"_s);
-    const auto step = history.redo();
+    const auto step = history.take(TextUndo::Direction::Redo);
     ASSERT_TRUE(step && carryOut(step));
     EXPECT_EQ(step->selections.ranges(), (std::vector<TextRange>{{4, 0}, {9, 0}, {14, 0}}));
 }
@@ -139,7 +139,7 @@ TEST_F(TextUndoTest, AGroupIsOneStepAndGivesTheSelectionsBeforeIt)
     type(4, u"?"_s);
     ASSERT_TRUE(undo());
     EXPECT_EQ(storage.string(), u"1 2!"_s);
-    const auto step = history.undo();
+    const auto step = history.take(TextUndo::Direction::Undo);
     ASSERT_TRUE(step && carryOut(step));
     EXPECT_EQ(storage.string(), u"one two"_s);
     EXPECT_EQ(step->selections.ranges(), (std::vector<TextRange>{{0, 3}}));
@@ -224,7 +224,7 @@ TEST_F(TextUndoTest, AnyWalkThroughTheHistoryGivesTheTextOfThen)
             group.reset();
             states.resize(++at);
             states << storage.string();
-            if (!history.canUndo() || history.stepToUndo()->changes.empty())
+            if (!history.canUndo() || history.next(TextUndo::Direction::Undo)->changes.empty())
                 FAIL();
         }
         ASSERT_EQ(storage.string(), states[at]) << "round " << round;

@@ -45,7 +45,7 @@ TextView::TextView(std::unique_ptr<LayoutManager> layoutManager, QWidget *parent
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     if (m_layoutManager->style().font == QFont())
         m_layoutManager->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_unzoomedFont = m_layoutManager->style().font;
+    m_zoom.setFont(m_layoutManager->style().font);
 
     connect(&m_blinkTimer, &QTimer::timeout, this, [this] {
         m_showsCarets = !m_showsCarets;
@@ -166,18 +166,17 @@ void TextView::carryOut(const std::vector<TextUndo::Change> &changes, const Text
 
 void TextView::undo()
 {
-    walkHistory(&TextUndo::stepToUndo, &TextUndo::undo);
+    walkHistory(TextUndo::Direction::Undo);
 }
 
 void TextView::redo()
 {
-    walkHistory(&TextUndo::stepToRedo, &TextUndo::redo);
+    walkHistory(TextUndo::Direction::Redo);
 }
 
-void TextView::walkHistory(std::optional<TextUndo::Step> (TextUndo::*next)() const,
-                           std::optional<TextUndo::Step> (TextUndo::*take)())
+void TextView::walkHistory(TextUndo::Direction direction)
 {
-    const std::optional<TextUndo::Step> step = (undoHistory().*next)();
+    const std::optional<TextUndo::Step> step = undoHistory().next(direction);
     if (!step)
         return;
     for (const TextUndo::Change &change : step->changes) {
@@ -190,7 +189,7 @@ void TextView::walkHistory(std::optional<TextUndo::Step> (TextUndo::*next)() con
         if (!shouldChangeText(ranges, replacements))
             return;
     }
-    (undoHistory().*take)();
+    undoHistory().take(direction);
     carryOut(step->changes, step->selections);
     didChangeText();
 }
@@ -254,11 +253,8 @@ void TextView::textDidChange(TextRange range)
 
 void TextView::layoutDidChange()
 {
-    const QFont &font = m_layoutManager->style().font;
-    if (font != zoomedFont()) {
-        m_unzoomedFont = font;
-        m_zoom = 0;
-    }
+    if (m_layoutManager->style().font != m_zoom.font())
+        m_zoom.setFont(m_layoutManager->style().font);
     m_composition->invalidate();
     m_scroller.forgetWidth();
     ScrollPosition position = scrollPosition();

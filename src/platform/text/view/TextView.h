@@ -4,6 +4,7 @@
 #include "platform/text/TextScroller.h"
 #include "platform/text/TextUndo.h"
 #include "platform/text/view/TextViewDelegate.h"
+#include "platform/text/view/TextZoom.h"
 #include <QAbstractScrollArea>
 #include <QPointer>
 #include <QTimer>
@@ -206,8 +207,7 @@ private:
     void textDidChange(TextRange range);
     void layoutDidChange();
     void carryOut(const std::vector<TextUndo::Change> &changes, const TextSelections &after);
-    void walkHistory(std::optional<TextUndo::Step> (TextUndo::*next)() const,
-                     std::optional<TextUndo::Step> (TextUndo::*take)());
+    void walkHistory(TextUndo::Direction direction);
 
     // What keys and menus do (TextViewEditing.cpp).
     void showEnds(TextRange range);
@@ -227,8 +227,6 @@ private:
     int barStepsOfLine() const;
     void verticalBarActed(int action);
     void placeRuler();
-    QFont zoomedFont() const;
-    void zoomByWheel(const QWheelEvent &event);
     qsizetype rowsOfPage() const;
     TextNavigator navigator() const { return TextNavigator(*m_layoutManager, rowsOfPage()); }
 
@@ -290,9 +288,7 @@ private:
     QColor m_backgroundColor;
     QColor m_insertionPointColor;
     QPointer<QWidget> m_ruler;
-    QFont m_unzoomedFont;
-    int m_zoom = 0; ///< Points.
-    int m_wheelZoom = 0;
+    TextZoom m_zoom;
     QPointF m_wheelRest;
 
     QTimer m_blinkTimer;

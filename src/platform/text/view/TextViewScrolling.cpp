@@ -14,20 +14,6 @@ namespace platform {
 namespace {
 
 constexpr qsizetype longLine = 4096; // units; of a longer one only what is in sight is spoken of
-constexpr qreal smallestFont = 4;    // points
-constexpr qreal largestFont = 200;
-constexpr int wheelNotch = 120; // what a wheel tells of one notch
-
-QFont larger(QFont font, int points)
-{
-    if (font.pointSizeF() > 0)
-        font.setPointSizeF(std::clamp(font.pointSizeF() + points, smallestFont, largestFont));
-    else
-        font.setPixelSize(
-            std::clamp(font.pixelSize() + points, int(smallestFont), int(largestFont)));
-    return font;
-}
-
 } // namespace
 
 qreal TextView::heightOfLine(qsizetype line) const
@@ -258,12 +244,16 @@ void TextView::verticalBarActed(int action)
 void TextView::wheelEvent(QWheelEvent *event)
 {
     event->accept();
-    if (event->modifiers().testFlag(Qt::ControlModifier))
-        return zoomByWheel(*event);
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        if (const int steps = m_zoom.stepsOfWheel(event->angleDelta().y()))
+            zoom(steps);
+        return;
+    }
     const qreal row = m_layoutManager->style().rowHeight;
     QPointF delta = event->pixelDelta();
     if (delta.isNull())
-        delta = QPointF(event->angleDelta()) * row * QApplication::wheelScrollLines() / wheelNotch;
+        delta = QPointF(event->angleDelta()) * row * QApplication::wheelScrollLines() /
+                QWheelEvent::DefaultDeltasPerStep;
     if (event->modifiers().testFlag(Qt::ShiftModifier) && delta.x() == 0)
         delta = delta.transposed();
     m_wheelRest -= delta;
@@ -275,28 +265,10 @@ void TextView::wheelEvent(QWheelEvent *event)
         m_wheelRest = {};
 }
 
-void TextView::zoomByWheel(const QWheelEvent &event)
-{
-    m_wheelZoom += event.angleDelta().y();
-    const int notches = m_wheelZoom / wheelNotch;
-    m_wheelZoom -= notches * wheelNotch;
-    if (notches != 0)
-        zoom(notches);
-}
-
-QFont TextView::zoomedFont() const
-{
-    return m_zoom == 0 ? m_unzoomedFont : larger(m_unzoomedFont, m_zoom);
-}
-
 void TextView::zoom(int steps)
 {
-    const int before = m_zoom;
-    const QFont font = zoomedFont();
-    m_zoom = steps == 0 ? 0 : m_zoom + steps;
-    if (steps != 0 && zoomedFont() == font)
-        m_zoom = before;
-    m_layoutManager->setFont(zoomedFont());
+    m_zoom.zoom(steps);
+    m_layoutManager->setFont(m_zoom.font());
 }
 
 void TextView::resizeEvent(QResizeEvent *event)
