@@ -20,6 +20,7 @@ FileEventStream::FileEventStream(const QStringList &paths, quint64 sinceEvent, d
       m_callback(std::move(callback))
 {
     m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer); // a coarse one is up to a twentieth early or late
     connect(&m_timer, &QTimer::timeout, this, &FileEventStream::deliver);
 }
 

@@ -1,8 +1,10 @@
 #include "platform/KeyValueObserving.h"
+#include "platform/KeyValueRelay.h"
 #include "platform/ObservableDictionary.h"
 
-#include <QMetaMethod>
 #include <QMetaProperty>
+#include <QPointer>
+#include <QStringList>
 
 namespace platform {
 
@@ -56,56 +58,99 @@ bool setValueForKeyPath(QObject *object, const QString &keyPath, const QVariant 
     return setValueForKeyPath(object, keyPath.left(dot), map);
 }
 
+class KeyValueObservation::Watch : public KeyValueListener,
+                                   public std::enable_shared_from_this<Watch>
+{
+public:
+    Watch(QObject *observed, const QString &keyPath, Handler handler)
+        : m_observed(observed), m_steps(keyPath.split(u'.')),
+          m_handler(std::make_shared<const Handler>(std::move(handler)))
+    {
+    }
+
+    void begin(Initial initial)
+    {
+        const QVariant value = follow();
+        std::unique_lock lock(m_mutex);
+        m_value = value;
+        const auto handler = m_handler;
+        lock.unlock();
+        if (initial == Initial::Call)
+            (*handler)({{}, value});
+    }
+
+    void end()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_handler = nullptr;
+        leavePlaces();
+    }
+
+    void keyDidChange() override
+    {
+        if (!m_observed)
+            return;
+        const QVariant value = follow();
+        std::unique_lock lock(m_mutex);
+        const QVariant old = std::exchange(m_value, value);
+        const auto handler = m_handler; // outlives an observation that the handler deletes
+        lock.unlock();
+        if (handler && !(old.typeId() == value.typeId() && old == value))
+            (*handler)({old, value});
+    }
+
+private:
+    using Place = std::pair<std::shared_ptr<KeyValueRelay>, QString>;
+
+    /// Listens at every place that the path goes through now, and gives its value. Properties are
+    /// read without the lock: they may tell of changes themselves.
+    QVariant follow()
+    {
+        std::vector<Place> places;
+        QVariant value = QVariant::fromValue(m_observed.data());
+        bool isWatched = true;
+        for (const QString &key : m_steps) {
+            QObject *object = objectIn(value);
+            isWatched = isWatched && object;
+            if (isWatched)
+                places.emplace_back(KeyValueRelay::relayOf(object), key);
+            value = step(value, key);
+        }
+        const std::lock_guard lock(m_mutex);
+        if (!m_handler || places == m_places)
+            return value;
+        leavePlaces();
+        m_places = std::move(places);
+        for (const auto &[relay, key] : m_places)
+            relay->add(key, weak_from_this());
+        return value;
+    }
+
+    void leavePlaces()
+    {
+        for (const auto &[relay, key] : m_places)
+            relay->remove(key, this);
+        m_places.clear();
+    }
+
+    const QPointer<QObject> m_observed;
+    const QStringList m_steps;
+    std::mutex m_mutex; // guards what follows
+    std::shared_ptr<const Handler> m_handler;
+    QVariant m_value;
+    std::vector<Place> m_places;
+};
+
 KeyValueObservation::KeyValueObservation(QObject *observed, const QString &keyPath, Initial initial,
                                          Handler handler, QObject *parent)
-    : QObject(parent), m_observed(observed), m_steps(keyPath.split(u'.')),
-      m_handler(std::move(handler)), m_value(valueForKeyPath(observed, keyPath))
+    : QObject(parent), m_watch(std::make_shared<Watch>(observed, keyPath, std::move(handler)))
 {
-    watchPath();
-    if (initial == Initial::Call)
-        m_handler({{}, m_value});
+    m_watch->begin(initial);
 }
 
-void KeyValueObservation::watchPath()
+KeyValueObservation::~KeyValueObservation()
 {
-    for (const auto &connection : m_connections)
-        disconnect(connection);
-    m_connections.clear();
-
-    static const QMetaMethod changed =
-        staticMetaObject.method(staticMetaObject.indexOfSlot("pathDidChange()"));
-    QVariant value = QVariant::fromValue(m_observed.data());
-    for (const QString &key : m_steps) {
-        QObject *object = objectIn(value);
-        if (!object)
-            return;
-        if (auto *dictionary = qobject_cast<ObservableDictionary *>(object)) {
-            m_connections.push_back(connect(dictionary, &ObservableDictionary::valueChanged, this,
-                                            [this, key](const QString &changedKey) {
-                                                if (changedKey == key)
-                                                    pathDidChange();
-                                            }));
-        } else {
-            const QMetaObject *type = object->metaObject();
-            const int index = type->indexOfProperty(key.toLatin1().constData());
-            if (index >= 0 && type->property(index).hasNotifySignal())
-                m_connections.push_back(
-                    connect(object, type->property(index).notifySignal(), this, changed));
-        }
-        value = step(value, key);
-    }
-}
-
-void KeyValueObservation::pathDidChange()
-{
-    if (!m_observed)
-        return;
-    const QVariant old = std::exchange(m_value, valueForKeyPath(m_observed, m_steps.join(u'.')));
-    watchPath();
-    if (old.typeId() == m_value.typeId() && old == m_value)
-        return;
-    const Handler handler = m_handler; // outlives an observation that the handler deletes
-    handler({old, m_value});
+    m_watch->end();
 }
 
 } // namespace platform

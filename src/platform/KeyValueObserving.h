@@ -1,11 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <QObject>
-#include <QPointer>
-#include <QStringList>
 #include <QVariant>
-#include <vector>
 
 namespace platform {
 
@@ -19,7 +17,12 @@ bool setValueForKeyPath(QObject *object, const QString &keyPath, const QVariant 
 
 /// Watches a key path and calls back when its value may have changed, with any object on the way
 /// replaced too. Owned by the observer; ends with its destruction or the observed object's. The
-/// properties on the way need a NOTIFY signal to be noticed. Thread: that of the observed objects.
+/// properties on the way need a NOTIFY signal to be noticed.
+///
+/// Threads: it may be made and destroyed on any, and calls back on that of the change. A handler
+/// that has begun on another thread may go on for a while after the observation has ended. What is
+/// read on the way is read on the thread of whoever observes, too: an object that changes on one
+/// thread and is observed from another needs properties that may be read from both.
 class KeyValueObservation : public QObject
 {
     Q_OBJECT
@@ -38,18 +41,12 @@ public:
     /// values that differ in type or content, and may delete the observation.
     KeyValueObservation(QObject *observed, const QString &keyPath, Initial initial, Handler handler,
                         QObject *parent);
-
-private Q_SLOTS:
-    void pathDidChange();
+    ~KeyValueObservation() override;
 
 private:
-    void watchPath();
+    class Watch;
 
-    QPointer<QObject> m_observed;
-    QStringList m_steps;
-    Handler m_handler;
-    QVariant m_value;
-    std::vector<QMetaObject::Connection> m_connections;
+    std::shared_ptr<Watch> m_watch; // lives on while it is being told
 };
 
 } // namespace platform

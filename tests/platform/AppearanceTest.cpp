@@ -1,31 +1,17 @@
 #include "platform/Appearance.h"
 #include "platform/Assert.h"
 #include "platform/UserDefaults.h"
+#include "support/Contrast.h"
 #include "support/TestSupport.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 
 using platform::Appearance;
 using platform::ColorScheme;
 using platform::namedColor;
+using support::contrast;
 
 namespace {
-
-double luminance(const QColor &color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &one, const QColor &other)
-{
-    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
-}
 
 struct Pairs
 {
