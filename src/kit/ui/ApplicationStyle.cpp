@@ -4,8 +4,10 @@
 #include "platform/Appearance.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QRegularExpression>
+#include <QStyleOption>
 
 namespace zq {
 
@@ -13,7 +15,7 @@ namespace {
 
 // "@name" stands for a named colour.
 const QString sheet = QStringLiteral(R"(
-QMainWindow, QStackedWidget, QScrollArea, #designPage, #storeView, #editorView { background: @contentBackground; }
+QMainWindow, QStackedWidget, QScrollArea, #designPage, #storeView, #propertiesTab, #editorView { background: @contentBackground; }
 #sidebar, LSMOutlineView { background: @sidebarBackground; }
 #splitter::handle, #htmlSplitter::handle { background: @separatorColor; }
 QToolBar { background: @windowBackground; border: none; border-bottom: 1px solid @separatorColor;
@@ -65,10 +67,10 @@ QScrollBar::handle:vertical { min-height: 32px; }
 QScrollBar::handle:horizontal { min-width: 32px; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
-#samplesList, #propertiesView { background: @controlBackground; border: 1px solid @separatorColor;
+#samplesList, #propertiesTable, #valuesTable { background: @controlBackground; border: 1px solid @separatorColor;
                                 border-radius: 6px; padding: 4px; }
-#samplesList:focus, #propertiesView:focus { border-color: @accentColor; }
-#samplesList::item, #propertiesView::item { padding: 4px 2px; }
+#samplesList:focus, #propertiesTable:focus, #valuesTable:focus { border-color: @accentColor; }
+#samplesList::item { padding: 4px 2px; }
 #toolbarItems { background: @controlBackground; border: 1px solid @separatorColor;
                 border-radius: 6px; padding: 5px; outline: 0; }
 #toolbarItems:focus { border-color: @accentColor; }
@@ -78,7 +80,31 @@ QHeaderView::section { background: @windowBackground; color: @secondaryLabelColo
                        padding: 5px 8px; }
 )");
 
-// The stock sign for "more items than fit" is dark in a dark window too.
+void drawCheckBox(const QStyleOption &option, QPainter &painter)
+{
+    const bool on = option.state & (QStyle::State_On | QStyle::State_NoChange);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(option.state & QStyle::State_Enabled ? 1 : 0.5);
+    painter.setPen(platform::namedColor(on ? QStringLiteral("accentColor")
+                                           : QStringLiteral("secondaryLabelColor")));
+    painter.setBrush(platform::namedColor(on ? QStringLiteral("accentColor")
+                                             : QStringLiteral("controlBackground")));
+    const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.drawRoundedRect(box, 3, 3);
+    painter.setPen({platform::namedColor(QStringLiteral("accentTextColor")), 1.8, Qt::SolidLine,
+                    Qt::RoundCap});
+    const auto at = [&box](double x, double y) {
+        return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+    };
+    if (option.state & QStyle::State_On)
+        painter.drawPolyline(QList{at(0.22, 0.53), at(0.42, 0.73), at(0.78, 0.29)});
+    else if (on)
+        painter.drawLine(at(0.25, 0.5), at(0.75, 0.5));
+    painter.restore();
+}
+
+// The stock check boxes, and the sign for "more items than fit", are dark in a dark window too.
 class Style : public QProxyStyle
 {
 public:
@@ -90,6 +116,15 @@ public:
         return icon == SP_ToolBarHorizontalExtensionButton
                    ? tintedIcon(QStringLiteral("ToolbarChevron"))
                    : QProxyStyle::standardIcon(icon, option, widget);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        if (element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck)
+            drawCheckBox(*option, *painter);
+        else
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
 };
 

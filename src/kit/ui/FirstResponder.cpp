@@ -94,12 +94,12 @@ void FirstResponder::selectAll(QObject *)
 
 bool FirstResponder::validateUndo(QObject *)
 {
-    return abilities().undo;
+    return abilities().undo || focusWidgetTells("canUndo");
 }
 
 bool FirstResponder::validateRedo(QObject *)
 {
-    return abilities().redo;
+    return abilities().redo || focusWidgetTells("canRedo");
 }
 
 bool FirstResponder::validateCut(QObject *)

@@ -6,7 +6,8 @@ namespace zq {
 
 /// The target of the Edit menu's commands: passes them to the widget that has the keyboard, if that
 /// has a slot of the same name, and knows which of them have something to do: by itself for texts,
-/// for other widgets by their properties `canCopy` and `canPaste`. Main thread.
+/// for other widgets by their properties `canUndo`, `canRedo`, `canCopy` and `canPaste`. Main
+/// thread.
 class FirstResponder : public QObject
 {
     Q_OBJECT

@@ -15,10 +15,15 @@ Popover::Popover(QWidget *content) : m_content(content)
 
 void Popover::showRelativeTo(QWidget *anchor)
 {
-    setParent(anchor->window(), windowFlags());
+    showRelativeTo(anchor->rect(), anchor);
+}
+
+void Popover::showRelativeTo(const QRect &rect, QWidget *ofView)
+{
+    setParent(ofView->window(), windowFlags());
     adjustSize();
-    const QRect from(anchor->mapToGlobal(QPoint()), anchor->size());
-    const QRect screen = anchor->screen()->availableGeometry();
+    const QRect from(ofView->mapToGlobal(rect.topLeft()), rect.size());
+    const QRect screen = ofView->screen()->availableGeometry();
     const int below = from.bottom() + 1;
     const int top = below + height() > screen.bottom() ? from.top() - height() : below;
     const int left = from.center().x() - width() / 2;

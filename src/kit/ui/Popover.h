@@ -20,6 +20,7 @@ public:
     /// Opens below the anchor, or above it where the screen ends, and puts the keyboard into the
     /// content. Goes with the anchor's window.
     void showRelativeTo(QWidget *anchor);
+    void showRelativeTo(const QRect &rect, QWidget *ofView); ///< A part of a view, as the anchor.
 
 Q_SIGNALS:
     /// By whatever means; the content is still there. Once.
