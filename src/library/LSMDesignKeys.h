@@ -42,6 +42,19 @@ inline constexpr auto storeCurrency = "currency"_L1;
 inline constexpr auto storeCategory = "category"_L1;
 inline constexpr auto storeSupportUrl = "supportURL"_L1;
 
+// Inside a property record
+inline constexpr auto propertyName = "name"_L1;
+inline constexpr auto propertyType = "type"_L1;
+inline constexpr auto propertyDefaultValue = "defaultValue"_L1;
+inline constexpr auto propertyAllowedValues = "allowedValues"_L1;
+
+// Types of properties
+inline constexpr auto stringProperty = "String"_L1;
+inline constexpr auto colorProperty = "Color"_L1;
+inline constexpr auto booleanProperty = "Boolean"_L1;
+inline constexpr auto valuesProperty = "Values"_L1;
+inline constexpr auto separatorProperty = "Separator"_L1;
+
 // Marker words in the HTML
 inline constexpr auto layoutMarker = "LBLayoutEnabled_"_L1;
 inline constexpr auto defaultLayoutSuffix = " or LBLayoutNotDefined"_L1;

@@ -58,9 +58,10 @@ void LSMDesignTemplateManager::eventOccurred(const CDEvent &event, const ChangeB
     const QString path = event.url().toLocalFile();
     if (event.isRemoved()) {
         stopWatchingFileAtPath(path);
-        QTimer::singleShot(settlingTime, this, [this, path] { startWatchingFileAtPath(path); });
+        QTimer::singleShot(settlingTime, Qt::PreciseTimer, this,
+                           [this, path] { startWatchingFileAtPath(path); });
     }
-    QTimer::singleShot(settlingTime, this,
+    QTimer::singleShot(settlingTime, Qt::PreciseTimer, this,
                        [changeBlock, folder = QFileInfo(path).path()] { changeBlock(folder); });
 }
 
