@@ -4,18 +4,11 @@
 #include "platform/KeyValueObserving.h"
 #include "platform/Log.h"
 
-#include <QHash>
 #include <QScopedValueRollback>
 
 namespace {
 
-using Transformer = std::shared_ptr<const MGSValueTransformer>;
-
-QHash<QString, Transformer> &transformers()
-{
-    static QHash<QString, Transformer> all;
-    return all;
-}
+using Transformer = std::shared_ptr<const platform::ValueTransformer>;
 
 /// Both names of a property's binding as one.
 QString propertyName(const QObject *object, const QString &binding)
@@ -29,25 +22,11 @@ QString propertyName(const QObject *object, const QString &binding)
 
 } // namespace
 
-void MGSValueTransformer::setValueTransformer(const Transformer &transformer,
-                                              const QString &forName)
-{
-    if (transformer)
-        transformers().insert(forName, transformer);
-    else
-        transformers().remove(forName);
-}
-
-Transformer MGSValueTransformer::valueTransformerForName(const QString &name)
-{
-    return transformers().value(name);
-}
-
 Transformer MGSBindingOptions::transformer() const
 {
     return valueTransformer || valueTransformerName.isNull()
                ? valueTransformer
-               : MGSValueTransformer::valueTransformerForName(valueTransformerName);
+               : platform::ValueTransformer::valueTransformerForName(valueTransformerName);
 }
 
 MGSBinding::MGSBinding(QObject *object, const QString &binding, QObject *observedObject,

@@ -1,31 +1,16 @@
 #pragma once
 
-#include <memory>
+#include "platform/ValueTransformer.h"
+
 #include <QPointer>
-#include <QVariant>
-
-/// Turns a model's value into that of a property, and back if it can. Shared, never changed.
-class MGSValueTransformer
-{
-public:
-    virtual ~MGSValueTransformer() = default;
-    virtual QVariant transformedValue(const QVariant &value) const = 0;
-    virtual bool allowsReverseTransformation() const { return false; }
-    virtual QVariant reverseTransformedValue(const QVariant &value) const { return value; }
-
-    /// The register by name; null takes a transformer out, or is what an unknown name gives.
-    static void setValueTransformer(const std::shared_ptr<const MGSValueTransformer> &transformer,
-                                    const QString &forName);
-    static std::shared_ptr<const MGSValueTransformer> valueTransformerForName(const QString &name);
-};
 
 /// What a binding does to values on their way: the transformer, else the named one, else nothing.
 struct MGSBindingOptions
 {
-    std::shared_ptr<const MGSValueTransformer> valueTransformer;
+    std::shared_ptr<const platform::ValueTransformer> valueTransformer;
     QString valueTransformerName;
 
-    std::shared_ptr<const MGSValueTransformer> transformer() const;
+    std::shared_ptr<const platform::ValueTransformer> transformer() const;
 };
 
 /// A property of an object (its parent) that follows a key path of a model. The property takes the

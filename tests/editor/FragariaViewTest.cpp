@@ -81,8 +81,8 @@ TEST_F(FragariaView, DefaultsHoldPlainValuesOnly)
     EXPECT_EQ(defaults["textColor"].typeId(), QMetaType::QByteArray);
     EXPECT_EQ(mgs_unarchivedValue(defaults["colourForComments"]), QColor::fromRgbF(0, 0.45F, 0));
     EXPECT_EQ(mgs_unarchivedValue(defaults["textFont"]).value<QFont>().pointSizeF(), 11);
-    for (const QByteArray &damaged : {QByteArray("MGSColour1\n"), QByteArray("MGSFont1\nx"),
-                                      QByteArray("nothing that was archived")})
+    for (const QByteArray &damaged :
+         {defaults["textFont"].toByteArray().chopped(9), QByteArray("nothing that was archived")})
         EXPECT_EQ(mgs_unarchivedValue(damaged), damaged);
 
     EXPECT_EQ(MGSFragariaView::namespacedKeyForKey("tabWidth"), "MGSFragariaDefaultsTabWidth");
@@ -141,7 +141,7 @@ TEST_F(FragariaView, ABoundSettingFollowsItsModelAndIsHandedBack)
     EXPECT_EQ(model.value("width"), 6);
 }
 
-class Doubling : public MGSValueTransformer
+class Doubling : public platform::ValueTransformer
 {
 public:
     explicit Doubling(bool isReversible) : m_isReversible(isReversible) {}
@@ -165,7 +165,7 @@ TEST_F(FragariaView, TransformersWorkBothWaysOrSaySo)
     editor.setTabWidth(8);
     EXPECT_EQ(model.value("width"), 4);
 
-    MGSValueTransformer::setValueTransformer(std::make_shared<Doubling>(false), "Doubling");
+    platform::ValueTransformer::setValueTransformer(std::make_shared<Doubling>(false), "Doubling");
     mgs_bind(&editor, "pageGuideColumn", &model, "width", {nullptr, "Doubling"});
     EXPECT_EQ(editor.pageGuideColumn(), 8);
     support::LogCapture log;
@@ -173,7 +173,7 @@ TEST_F(FragariaView, TransformersWorkBothWaysOrSaySo)
     EXPECT_TRUE(log.contains("WARNING: binding \"pageGuideColumn\" has value transformer, but it "
                              "doesn't allow reverse transformations in "));
     EXPECT_EQ(model.value("width"), 20);
-    MGSValueTransformer::setValueTransformer(nullptr, "Doubling");
+    platform::ValueTransformer::setValueTransformer(nullptr, "Doubling");
 }
 
 TEST_F(FragariaView, BrokenBindingsAreLogged)

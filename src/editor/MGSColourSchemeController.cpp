@@ -1,0 +1,296 @@
+#include "editor/MGSColourSchemeController.h"
+
+#include "editor/MGSColourScheme.h"
+#include "editor/MGSColourSchemeSaveController.h"
+#include "kit/ui/ZQRunAlertPanel.h"
+#include "platform/Assert.h"
+#include "platform/Bundle.h"
+#include "platform/Log.h"
+
+#include <QAbstractButton>
+#include <QCollator>
+#include <QComboBox>
+#include <QDir>
+#include <QScopedValueRollback>
+#include <QStandardPaths>
+
+using platform::localized;
+
+namespace {
+
+const QString KMGSColourSchemesFolder = QStringLiteral("Colour Schemes");
+const QString KMGSColourSchemeExt = QStringLiteral("plist");
+
+using Scheme = MGSColourSchemeController::Scheme;
+
+} // namespace
+
+MGSColourSchemeController::Places MGSColourSchemeController::Places::standard()
+{
+    const QString main = QStringLiteral(":/layoutsmith");
+    return {{main + QStringLiteral("/ZQFragariaResources.bundle"), main},
+            QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u'/' +
+                platform::Bundle::mainBundle()
+                    .infoDictionary()
+                    .value(QStringLiteral("CFBundleExecutable"))
+                    .toString()};
+}
+
+MGSColourSchemeController::MGSColourSchemeController(QObject *parent, Places places)
+    : m_places(std::move(places)),
+      m_saveController(std::make_unique<MGSColourSchemeSaveController>())
+{
+    setParent(parent);
+    loadColourSchemes();
+    connect(this, &ArrayController::selectionIndexesDidChange, this,
+            &MGSColourSchemeController::selectionDidChange);
+}
+
+MGSColourSchemeController::~MGSColourSchemeController() = default;
+
+void MGSColourSchemeController::setObjectController(
+    const std::shared_ptr<platform::ObservableDictionary> &values)
+{
+    if (m_values)
+        m_values->disconnect(this);
+    m_values = values;
+    if (!values)
+        return;
+    connect(values.get(), &platform::ObservableDictionary::valueChanged, this,
+            [this](const QString &property) {
+                if (!m_ignoreObservations &&
+                    MGSColourScheme::propertiesOfScheme().contains(property))
+                    findAndSetCurrentScheme();
+            });
+    findAndSetCurrentScheme();
+}
+
+void MGSColourSchemeController::setSchemeMenu(QComboBox *menu)
+{
+    m_schemeMenu = menu;
+    connect(menu, &QComboBox::activated, this,
+            [this](int index) { setSelectionIndexes({qsizetype(index)}); });
+    connect(this, &ArrayController::arrangedObjectsDidChange, menu, [this] { updateMenu(); });
+    connect(this, &ArrayController::selectionIndexesDidChange, menu, [this] { updateMenu(); });
+    updateMenu();
+}
+
+void MGSColourSchemeController::updateMenu()
+{
+    m_schemeMenu->clear();
+    for (const Scheme &scheme : colourSchemes())
+        m_schemeMenu->addItem(scheme->displayName());
+    m_schemeMenu->setCurrentIndex(int(selectionIndexes().value(0, -1)));
+}
+
+void MGSColourSchemeController::setSchemeSaveDeleteButton(QAbstractButton *button)
+{
+    const auto update = [this, button] {
+        button->setText(buttonSaveDeleteTitle());
+        button->setEnabled(buttonSaveDeleteEnabled());
+    };
+    connect(button, &QAbstractButton::clicked, this,
+            &MGSColourSchemeController::addDeleteButtonAction);
+    connect(this, &MGSColourSchemeController::buttonSaveDeleteDidChange, button, update);
+    update();
+}
+
+QString MGSColourSchemeController::applicationSupportDirectory() const
+{
+    QDir().mkpath(m_places.applicationSupport);
+    return m_places.applicationSupport;
+}
+
+QString MGSColourSchemeController::usersFolder() const
+{
+    return applicationSupportDirectory() + u'/' + KMGSColourSchemesFolder;
+}
+
+void MGSColourSchemeController::loadColourSchemes()
+{
+    QList<Scheme> schemes;
+    for (const QString &bundle : std::as_const(m_places.bundles))
+        addColourSchemesFromPath(bundle + u'/' + KMGSColourSchemesFolder, true, schemes);
+    addColourSchemesFromPath(usersFolder(), false, schemes);
+    showSchemes(schemes, nullptr);
+}
+
+void MGSColourSchemeController::addColourSchemesFromPath(const QString &path, bool bundleFlag,
+                                                         QList<Scheme> &schemes)
+{
+    const QDir folder(path, QStringLiteral("*.") + KMGSColourSchemeExt, QDir::Name,
+                      QDir::Files | QDir::Hidden);
+    for (const QString &name : folder.entryList()) {
+        try {
+            auto scheme = std::make_shared<MGSColourScheme>(
+                MGSColourScheme::schemeWithFile(path + u'/' + name));
+            scheme->setLoadedFromBundle(bundleFlag);
+            schemes << scheme;
+        } catch (const platform::AssertionFailure &failure) {
+            platform::log("a colour scheme is left out: %@", failure.text());
+        }
+    }
+}
+
+QList<Scheme> MGSColourSchemeController::colourSchemes() const
+{
+    QList<Scheme> schemes;
+    for (const QVariant &object : arrangedObjects())
+        schemes << object.value<Scheme>();
+    return schemes;
+}
+
+QList<Scheme> MGSColourSchemeController::savedSchemes() const
+{
+    QList<Scheme> schemes = colourSchemes();
+    if (m_currentSchemeIsCustom)
+        schemes.removeOne(m_currentScheme);
+    return schemes;
+}
+
+// What the pane has was there before the list, and stays as it is.
+void MGSColourSchemeController::showSchemes(QList<Scheme> schemes, const Scheme &selected)
+{
+    const QScopedValueRollback ignoring(m_ignoreObservations, true);
+    QCollator byName;
+    byName.setCaseSensitivity(Qt::CaseInsensitive);
+    std::ranges::stable_sort(schemes, byName, &MGSColourScheme::displayName);
+    QVariantList content;
+    for (const Scheme &scheme : std::as_const(schemes))
+        content << QVariant::fromValue(scheme);
+    if (content != arrangedObjects())
+        setContent(content);
+    setSelectedObjects(selected ? QVariantList{QVariant::fromValue(selected)} : QVariantList());
+}
+
+Scheme MGSColourSchemeController::findMatchingSchemeForScheme(const MGSColourScheme &scheme) const
+{
+    const QList<Scheme> schemes = savedSchemes();
+    const auto match = std::ranges::find_if(
+        schemes, [&scheme](const Scheme &each) { return each->isEqualToScheme(scheme); });
+    return match == schemes.end() ? nullptr : *match;
+}
+
+MGSColourScheme
+MGSColourSchemeController::makeColourSchemeFromViewForScheme(MGSColourScheme scheme) const
+{
+    for (const QString &property : MGSColourScheme::propertiesOfScheme()) {
+        if (m_values->contains(property))
+            scheme.setValue(property, m_values->value(property));
+    }
+    return scheme;
+}
+
+void MGSColourSchemeController::applyColourSchemeToView()
+{
+    const QScopedValueRollback ignoring(m_ignoreObservations, true);
+    for (const QString &property : MGSColourScheme::propertiesOfScheme()) {
+        if (m_values->contains(property))
+            m_values->setValue(property, m_currentScheme->value(property));
+    }
+}
+
+void MGSColourSchemeController::findAndSetCurrentScheme()
+{
+    const MGSColourScheme seen = makeColourSchemeFromViewForScheme({});
+    QList<Scheme> schemes = savedSchemes();
+    if (const Scheme match = findMatchingSchemeForScheme(seen)) {
+        m_currentScheme = match;
+        m_currentSchemeIsCustom = false;
+    } else if (m_currentSchemeIsCustom) {
+        *m_currentScheme = makeColourSchemeFromViewForScheme(*m_currentScheme);
+        return;
+    } else {
+        m_currentScheme = std::make_shared<MGSColourScheme>(seen);
+        m_currentSchemeIsCustom = true;
+        schemes << m_currentScheme;
+    }
+    showSchemes(schemes, m_currentScheme);
+    Q_EMIT buttonSaveDeleteDidChange();
+}
+
+void MGSColourSchemeController::selectionDidChange()
+{
+    const QVariantList selected = selectedObjects();
+    if (m_ignoreObservations || !m_values || selected.isEmpty())
+        return;
+    const QList<Scheme> saved = savedSchemes();
+    const auto chosen = selected.first().value<Scheme>();
+    if (chosen == m_currentScheme)
+        return;
+    m_currentScheme = chosen;
+    m_currentSchemeIsCustom = false;
+    showSchemes(saved, chosen);
+    applyColourSchemeToView();
+    Q_EMIT buttonSaveDeleteDidChange();
+}
+
+bool MGSColourSchemeController::buttonSaveDeleteEnabled() const
+{
+    return m_currentSchemeIsCustom || (m_currentScheme && !m_currentScheme->isLoadedFromBundle());
+}
+
+QString MGSColourSchemeController::buttonSaveDeleteTitle() const
+{
+    return m_currentSchemeIsCustom || (m_currentScheme && m_currentScheme->isLoadedFromBundle())
+               ? localized("Save Scheme…")
+               : localized("Delete Scheme…");
+}
+
+void MGSColourSchemeController::addDeleteButtonAction()
+{
+    if (m_currentSchemeIsCustom) {
+        m_saveController->setSchemeName(localized("New Scheme"));
+        m_saveController->showSchemeNameGetter(m_parentView, [this](bool confirmed) {
+            if (confirmed && m_currentSchemeIsCustom)
+                saveCurrentScheme();
+        });
+    } else if (m_currentScheme && !m_currentScheme->isLoadedFromBundle()) {
+        m_saveController->showDeleteConfirmation(m_parentView, [this](bool confirmed) {
+            if (confirmed)
+                deleteCurrentScheme();
+        });
+    }
+}
+
+// A scheme of the user's that is in the file already gives way only if the user says so.
+void MGSColourSchemeController::saveCurrentScheme()
+{
+    const QString path =
+        usersFolder() + u'/' + m_saveController->fileName() + u'.' + KMGSColourSchemeExt;
+    QList<Scheme> schemes = colourSchemes();
+    if (QFile::exists(path) &&
+        ZQRunAlertPanel(localized("Replace the scheme?"),
+                        localized("There is a scheme in the file \"%@\" already."),
+                        localized("Replace"), localized("Cancel"), {},
+                        QFileInfo(path).fileName()) != ZQAlertFirstButtonReturn)
+        return;
+    MGSColourScheme saved = *m_currentScheme;
+    saved.setDisplayName(m_saveController->schemeName());
+    platform::Error error;
+    QDir().mkpath(usersFolder());
+    if (!saved.propertiesSaveToFile(path, &error)) {
+        ZQRunAlertPanel3(localized("The scheme was not saved."), error.description,
+                         localized("OK"));
+        return;
+    }
+    saved.setSourceFile(path);
+    erase_if(schemes, [&path](const Scheme &each) { return each->sourceFile() == path; });
+    *m_currentScheme = saved;
+    m_currentSchemeIsCustom = false;
+    showSchemes(schemes, m_currentScheme);
+    Q_EMIT buttonSaveDeleteDidChange();
+}
+
+// The values stay, and are a custom scheme from then on.
+void MGSColourSchemeController::deleteCurrentScheme()
+{
+    QFile file(m_currentScheme->sourceFile());
+    if (!file.remove())
+        platform::log("%@", file.errorString());
+    QList<Scheme> schemes = colourSchemes();
+    schemes.removeOne(m_currentScheme);
+    m_currentScheme = nullptr;
+    showSchemes(schemes, nullptr);
+    findAndSetCurrentScheme();
+}
