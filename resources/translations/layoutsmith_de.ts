@@ -8,6 +8,10 @@
         <translation>&amp;Kennung:</translation>
     </message>
     <message>
+        <source>&amp;Keywords:</source>
+        <translation>&amp;Stichwörter:</translation>
+    </message>
+    <message>
         <source>&amp;Name:</source>
         <translation>&amp;Name:</translation>
     </message>
@@ -36,14 +40,6 @@
         <translation>Fügt ein, was Lotbook durch die Angaben des Angebots ersetzt</translation>
     </message>
     <message>
-        <source>Key</source>
-        <translation>Schlüssel</translation>
-    </message>
-    <message>
-        <source>&amp;Keywords:</source>
-        <translation>&amp;Stichwörter:</translation>
-    </message>
-    <message>
         <source>Layouts:</source>
         <translation>Layouts:</translation>
     </message>
@@ -60,31 +56,8 @@
         <translation>Teile des Designs</translation>
     </message>
     <message>
-        <source>Properties of the design</source>
-        <translation>Eigenschaften des Designs</translation>
-    </message>
-    <message>
         <source>Re&amp;quires Lotbook:</source>
         <translation>Ab &amp;Lotbook:</translation>
-    </message>
-    <message>
-        <source>Value</source>
-        <translation>Wert</translation>
-    </message>
-</context>
-<context>
-    <name>LSMKeywordsViewController</name>
-    <message>
-        <source>Known keywords</source>
-        <translation>Bekannte Stichwörter</translation>
-    </message>
-    <message>
-        <source>Add a keyword</source>
-        <translation>Stichwort hinzufügen</translation>
-    </message>
-    <message>
-        <source>Remove the selected keywords</source>
-        <translation>Ausgewählte Stichwörter entfernen</translation>
     </message>
 </context>
 <context>
@@ -338,6 +311,21 @@
     </message>
 </context>
 <context>
+    <name>LSMKeywordsViewController</name>
+    <message>
+        <source>Add a keyword</source>
+        <translation>Stichwort hinzufügen</translation>
+    </message>
+    <message>
+        <source>Known keywords</source>
+        <translation>Bekannte Stichwörter</translation>
+    </message>
+    <message>
+        <source>Remove the selected keywords</source>
+        <translation>Ausgewählte Stichwörter entfernen</translation>
+    </message>
+</context>
+<context>
     <name>LSMPreferencesPanelController</name>
     <message>
         <source>&amp;Finder label:</source>
@@ -381,6 +369,21 @@
     <message>
         <source>Use Preview as Picture</source>
         <translation>Vorschau als Bild verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>LSMPropertyEditorViewController</name>
+    <message>
+        <source>Add a property</source>
+        <translation>Eigenschaft hinzufügen</translation>
+    </message>
+    <message>
+        <source>Properties of the design</source>
+        <translation>Eigenschaften des Designs</translation>
+    </message>
+    <message>
+        <source>Remove the selected properties</source>
+        <translation>Ausgewählte Eigenschaften entfernen</translation>
     </message>
 </context>
 <context>
@@ -473,23 +476,22 @@
     </message>
 </context>
 <context>
+    <name>LSMValuesViewController</name>
+    <message>
+        <source>Add a value</source>
+        <translation>Wert hinzufügen</translation>
+    </message>
+    <message>
+        <source>Allowed values</source>
+        <translation>Erlaubte Werte</translation>
+    </message>
+    <message>
+        <source>Remove the selected values</source>
+        <translation>Ausgewählte Werte entfernen</translation>
+    </message>
+</context>
+<context>
     <name>Localizable</name>
-    <message>
-        <source>Keywords of the design</source>
-        <translation>Stichwörter des Designs</translation>
-    </message>
-    <message>
-        <source>Edit the list of known keywords</source>
-        <translation>Liste der bekannten Stichwörter bearbeiten</translation>
-    </message>
-    <message>
-        <source>A design keeps its keywords when they are removed from this list.</source>
-        <translation>Ein Design behält seine Stichwörter, auch wenn sie aus dieser Liste entfernt werden.</translation>
-    </message>
-    <message>
-        <source>“%@” is in the list already.</source>
-        <translation>„%@“ steht schon in der Liste.</translation>
-    </message>
     <message>
         <source>%@ (At character %d.)</source>
         <translation>%@ (Bei Zeichen %d.)</translation>
@@ -581,6 +583,10 @@
     <message>
         <source>A deletion, or its undoing, that was cut short has left this folder; nothing uses it.</source>
         <translation>Ein abgebrochenes Löschen oder Zurückholen hat diesen Ordner hinterlassen; nichts benutzt ihn.</translation>
+    </message>
+    <message>
+        <source>A design keeps its keywords when they are removed from this list.</source>
+        <translation>Ein Design behält seine Stichwörter, auch wenn sie aus dieser Liste entfernt werden.</translation>
     </message>
     <message>
         <source>A design must be a folder, and this is none.</source>
@@ -687,6 +693,10 @@
         <translation>Blau</translation>
     </message>
     <message>
+        <source>Boolean</source>
+        <translation>Ja/Nein</translation>
+    </message>
+    <message>
         <source>Brass desk lamp, 1930s</source>
         <translation>Messing-Schreibtischlampe, 1930er</translation>
     </message>
@@ -737,6 +747,10 @@
     <message>
         <source>Code</source>
         <translation>Code</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
     </message>
     <message>
         <source>Comment or Uncomment</source>
@@ -799,6 +813,10 @@
         <translation>Eigene Designs</translation>
     </message>
     <message>
+        <source>Custom Settings</source>
+        <translation>Eigene Einstellungen</translation>
+    </message>
+    <message>
         <source>Customize Toolbar</source>
         <translation>Symbolleiste anpassen</translation>
     </message>
@@ -811,12 +829,40 @@
         <translation>Ausschneiden</translation>
     </message>
     <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Default Color</source>
+        <translation>Standardfarbe</translation>
+    </message>
+    <message>
+        <source>Default String</source>
+        <translation>Standardtext</translation>
+    </message>
+    <message>
+        <source>Default Value</source>
+        <translation>Standardwert</translation>
+    </message>
+    <message>
         <source>Delete</source>
         <translation>Löschen</translation>
     </message>
     <message>
         <source>Delete Design</source>
         <translation>Design löschen</translation>
+    </message>
+    <message>
+        <source>Delete Scheme…</source>
+        <translation>Schema löschen …</translation>
+    </message>
+    <message>
+        <source>Delete the scheme?</source>
+        <translation>Soll das Schema gelöscht werden?</translation>
+    </message>
+    <message>
+        <source>Deleted schemes cannot be restored.</source>
+        <translation>Gelöschte Schemata können nicht zurückgeholt werden.</translation>
     </message>
     <message>
         <source>Deletes selected design.</source>
@@ -829,6 +875,10 @@
     <message>
         <source>Desktop</source>
         <translation>Computer</translation>
+    </message>
+    <message>
+        <source>Dictionary of %ld</source>
+        <translation>Verzeichnis mit %ld</translation>
     </message>
     <message>
         <source>Do you want to delete the selected design?</source>
@@ -857,6 +907,10 @@
     <message>
         <source>Duplicates selected design.</source>
         <translation>Dupliziert das ausgewählte Design.</translation>
+    </message>
+    <message>
+        <source>Edit the list of known keywords</source>
+        <translation>Liste der bekannten Stichwörter bearbeiten</translation>
     </message>
     <message>
         <source>Empty Fields</source>
@@ -959,12 +1013,20 @@
         <translation>Behalten</translation>
     </message>
     <message>
+        <source>Keywords of the design</source>
+        <translation>Stichwörter des Designs</translation>
+    </message>
+    <message>
         <source>Layouts</source>
         <translation>Layouts</translation>
     </message>
     <message>
         <source>Line number:</source>
         <translation>Zeilennummer:</translation>
+    </message>
+    <message>
+        <source>List of %ld</source>
+        <translation>Liste mit %ld</translation>
     </message>
     <message>
         <source>Lotbook renders the design as it was last saved.</source>
@@ -995,12 +1057,32 @@
         <translation>Nach rechts</translation>
     </message>
     <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
         <source>New Design</source>
         <translation>Neues Design</translation>
     </message>
     <message>
+        <source>New Design Property</source>
+        <translation>Neue Design-Eigenschaft</translation>
+    </message>
+    <message>
+        <source>New Scheme</source>
+        <translation>Neues Schema</translation>
+    </message>
+    <message>
         <source>New Template</source>
         <translation>Neue Vorlage</translation>
+    </message>
+    <message>
+        <source>New Value</source>
+        <translation>Neuer Wert</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
     </message>
     <message>
         <source>No design is selected.</source>
@@ -1011,12 +1093,24 @@
         <translation>Kein Design passt zu „%@“.</translation>
     </message>
     <message>
+        <source>No Name</source>
+        <translation>Ohne Namen</translation>
+    </message>
+    <message>
         <source>No picture</source>
         <translation>Kein Bild</translation>
     </message>
     <message>
+        <source>No properties yet. Add the texts, colours, switches and choices that Lotbook is to offer with this design.</source>
+        <translation>Noch keine Eigenschaften. Fügen Sie die Texte, Farben, Schalter und Auswahlen hinzu, die Lotbook mit diesem Design anbieten soll.</translation>
+    </message>
+    <message>
         <source>None</source>
         <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Not a property: %@</source>
+        <translation>Keine Eigenschaft: %@</translation>
     </message>
     <message>
         <source>Not found</source>
@@ -1171,6 +1265,10 @@
         <translation>Ersetzen</translation>
     </message>
     <message>
+        <source>Replace the scheme?</source>
+        <translation>Soll das Schema ersetzt werden?</translation>
+    </message>
+    <message>
         <source>Replace…</source>
         <translation>Ersetzen …</translation>
     </message>
@@ -1215,6 +1313,10 @@
         <translation>Sichern</translation>
     </message>
     <message>
+        <source>Save Scheme…</source>
+        <translation>Schema sichern …</translation>
+    </message>
+    <message>
         <source>Save Template</source>
         <translation>Vorlage sichern</translation>
     </message>
@@ -1237,6 +1339,10 @@
     <message>
         <source>Select All</source>
         <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Separator</source>
+        <translation>Trennlinie</translation>
     </message>
     <message>
         <source>Shift Left</source>
@@ -1269,6 +1375,10 @@
     <message>
         <source>Store</source>
         <translation>Store</translation>
+    </message>
+    <message>
+        <source>String</source>
+        <translation>Text</translation>
     </message>
     <message>
         <source>Such as 8.2</source>
@@ -1387,6 +1497,10 @@
         <translation>Der Drucker ließ sich nicht verwenden.</translation>
     </message>
     <message>
+        <source>The scheme was not saved.</source>
+        <translation>Das Schema wurde nicht gesichert.</translation>
+    </message>
+    <message>
         <source>The template identifier must not be empty</source>
         <translation>Die Kennung der Vorlage darf nicht leer sein</translation>
     </message>
@@ -1417,6 +1531,10 @@
         <translation>Es gibt noch keine Designs. Lege das erste an, oder installiere Lotbook, um dessen mitgelieferte Designs hier zu finden.</translation>
     </message>
     <message>
+        <source>There is a scheme in the file &quot;%@&quot; already.</source>
+        <translation>In der Datei „%@“ ist bereits ein Schema.</translation>
+    </message>
+    <message>
         <source>there is no design "%@"</source>
         <translation>es gibt kein Design „%@“</translation>
     </message>
@@ -1431,6 +1549,10 @@
     <message>
         <source>There is nothing to look for.</source>
         <translation>Es ist nichts angegeben, wonach gesucht werden soll.</translation>
+    </message>
+    <message>
+        <source>This design has no properties.</source>
+        <translation>Dieses Design hat keine Eigenschaften.</translation>
     </message>
     <message>
         <source>This HTML has line ends or characters that this editor would change. It is shown read-only, so that nothing is lost.</source>
@@ -1455,6 +1577,10 @@
     <message>
         <source>Toolbar:</source>
         <translation>Symbolleiste:</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
     </message>
     <message>
         <source>Undo</source>
@@ -1493,6 +1619,14 @@
         <translation>Übliches Angebot</translation>
     </message>
     <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
         <source>Version %@
 
 A workbench for listing designs.</source>
@@ -1513,6 +1647,10 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Was davor stehen soll, hat keine größte Länge.</translation>
     </message>
     <message>
+        <source>What this design has in place of its properties is no list. It stays as it is.</source>
+        <translation>Was dieses Design an Stelle seiner Eigenschaften hat, ist keine Liste. Es bleibt, wie es ist.</translation>
+    </message>
+    <message>
         <source>Will display this template in Lotbook.</source>
         <translation>Zeigt diese Vorlage in Lotbook.</translation>
     </message>
@@ -1525,12 +1663,39 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Gelb</translation>
     </message>
     <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>“%@” is in the list already.</source>
+        <translation>„%@“ steht schon in der Liste.</translation>
+    </message>
+    <message>
         <source>“%@” is not a picture that can be read. The design keeps the one that it has.</source>
         <translation>„%@“ ist kein lesbares Bild. Das Design behält das Bild, das es hat.</translation>
     </message>
     <message>
         <source>“%@” was deleted.</source>
         <translation>„%@“ wurde gelöscht.</translation>
+    </message>
+</context>
+<context>
+    <name>MGSColourSchemeSave</name>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
+    <message>
+        <source>Save Scheme</source>
+        <translation>Schema sichern</translation>
     </message>
 </context>
 <context>

@@ -2,12 +2,15 @@
 
 #include "app/AppController.h"
 #include "library/LSMDesignKeys.h"
+#include "library/LSMDesignTemplate.h"
+#include "library/LSMDesignTemplateManager.h"
 #include "platform/Appearance.h"
 #include "platform/web/WebView.h"
 #include "workbench/LSMDesignEditorViewController.h"
 #include "workbench/LSMMainWindowController.h"
 #include "workbench/LSMOutlineViewController.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -30,16 +33,19 @@ class Tour
 {
 public:
     Tour(AppController &application, const QString &folder)
-        : m_controller(*application.mainWindowController()), m_folder(folder)
+        : m_controller(*application.mainWindowController()),
+          m_manager(*application.designTemplateManager()), m_folder(folder)
     {
     }
 
     bool visit(const QString &type, const QString &look)
     {
-        if (!m_controller.outlineViewController()->selectFirstDesignForGroupKey(type)) {
+        const LSMDesignTemplate *design = designToShow(type);
+        if (!design) {
             std::fprintf(stderr, "layoutsmith: there is no %s design to show\n", qPrintable(type));
             return false;
         }
+        m_controller.outlineViewController()->selectDesign(design);
         bool written = true;
         LSMDesignEditorViewController *editor = m_controller.editorViewController();
         for (int tab = 0; tab < int(std::size(tabNames)); ++tab) {
@@ -57,6 +63,17 @@ public:
     }
 
 private:
+    // The one with the most to see.
+    const LSMDesignTemplate *designToShow(const QString &type) const
+    {
+        const auto &designs = m_manager.designTemplateGroupForType(type)->designTemplates();
+        const auto richest = std::ranges::max_element(designs, {}, [](const auto &design) {
+            const bool hasSamples = !design->layoutPreviewGenerationDateString().isEmpty();
+            return std::pair(hasSamples, design->layoutNames().size());
+        });
+        return richest == designs.end() ? nullptr : richest->get();
+    }
+
     void waitForPage()
     {
         auto *page = m_controller.window()->findChild<platform::WebView *>();
@@ -77,6 +94,7 @@ private:
     }
 
     LSMMainWindowController &m_controller;
+    LSMDesignTemplateManager &m_manager;
     QString m_folder;
 };
 

@@ -12,7 +12,6 @@
 #include "platform/Workspace.h"
 #include "ui_LSMDesignEditorViewController.h"
 #include "workbench/LSMNotifications.h"
-#include "workbench/LSMPropertyListItems.h"
 
 using namespace std::chrono_literals;
 using platform::localizable;
@@ -219,7 +218,7 @@ void LSMDesignEditorViewController::updateFacts()
         location = localized("Not saved yet");
     m_ui->locationText->setText(location);
     m_ui->samplesTab->setDesignTemplate(m_design);
-    updateProperties();
+    m_ui->propertiesTab->setDesignTemplate(m_design);
     updateHostFields();
     m_ui->storeView->setDesign(m_design);
 }
@@ -230,12 +229,6 @@ void LSMDesignEditorViewController::updateBanner()
     m_ui->bannerIcon->setPixmap(zq::tintedIcon(QStringLiteral("Lock")).pixmap(16));
     m_ui->bannerText->setText(
         localized("Built-in designs are read-only. Duplicate this one to change it."));
-}
-
-void LSMDesignEditorViewController::updateProperties()
-{
-    LSMFillWithPropertyList(m_ui->propertiesView,
-                            m_design ? m_design->templateDictionary()->values() : QVariantMap());
 }
 
 void LSMDesignEditorViewController::reloadPreviewFromSourceCodeTextView()
@@ -261,7 +254,10 @@ void LSMDesignEditorViewController::markDirty()
 
 void LSMDesignEditorViewController::markCurrentDesignTemplateDirty(const QObject *design)
 {
-    if (!m_design || design != m_design || m_design->templateShouldBeSaved())
+    if (!m_design || design != m_design)
+        return;
+    m_previewDelay.start(); // a listing shows them
+    if (m_design->templateShouldBeSaved())
         return;
     markDirty();
     Q_EMIT documentWasEdited();
@@ -287,7 +283,7 @@ void LSMDesignEditorViewController::editName()
 void LSMDesignEditorViewController::focusSelectedTab()
 {
     QWidget *const first[] = {m_ui->templateNameTextField, m_ui->fragariaView->textView(),
-                              m_ui->samplesTab, m_ui->propertiesView, m_ui->storeView};
+                              m_ui->samplesTab, m_ui->propertiesTab, m_ui->storeView};
     first[m_selectedTab]->setFocus(Qt::OtherFocusReason);
 }
 

@@ -127,7 +127,6 @@ private:
     void updateBanner();
     void updateEnabling();
     void updateEmptyView();
-    void updateProperties();
 
     std::unique_ptr<Ui::LSMDesignEditorViewController> m_ui;
     QPointer<QWidget> m_view;

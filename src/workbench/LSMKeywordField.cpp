@@ -45,6 +45,7 @@ LSMKeywordField::LSMKeywordField(QWidget *parent)
     ZQKeywordView::Settings settings;
     settings.allowsMultipleSelection = true;
     settings.drawsFrame = settings.drawsBackground = false;
+    settings.labelOffset = {0, 1}; // the application's font sits low
     m_keywordView->setObjectName(QStringLiteral("keywordView"));
     m_keywordView->setAccessibleName(localized("Keywords of the design"));
     m_keywordView->setSettings(settings);

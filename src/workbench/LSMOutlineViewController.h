@@ -32,8 +32,7 @@ public:
     /// is ready; needs the manager.
     void setupInitialSelection();
 
-    /// Opens the group and selects its first design; false if it has none.
-    bool selectFirstDesignForGroupKey(const QString &type);
+    void selectDesign(const LSMDesignTemplate *design); ///< Opens its group.
 
     /// Shows a design of the custom group, ending a search that hides it, and selects it alone.
     void selectCustomDesign(LSMDesignTemplate *design);
@@ -60,7 +59,7 @@ private:
     void selectionDidChange();
     void expandGroups();
     void updateNote();
-    void selectDesign(const LSMDesignTemplate *design);
+    bool selectFirstDesignForGroupKey(const QString &type); // false if it has none
     QModelIndex viewIndex(const QModelIndex &modelIndex) const;
 
     LSMDesignTemplateManager *m_manager = nullptr;

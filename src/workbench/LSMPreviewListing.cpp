@@ -3,13 +3,16 @@
 #include "library/LSMDesignKeys.h"
 #include "library/LSMDesignTemplate.h"
 #include "platform/Bundle.h"
+#include "platform/KeyedArchive.h"
 
 #include <QHash>
 #include <QUrl>
 
+using namespace LSMDesignKeys;
 using namespace Qt::StringLiterals;
 using platform::localizable;
 using platform::localized;
+using platform::KeyedArchive::unarchivedColor;
 
 namespace {
 
@@ -103,13 +106,15 @@ QHash<QString, QString> valuesOfProperties(const LSMDesignTemplate &design)
         design.templateDictionary()->value(LSMDesignKeys::properties).toList();
     for (const QVariant &record : records) {
         const QVariantMap fields = record.toMap();
-        const QVariant value = fields.value(u"defaultValue"_s);
+        const QVariant value = fields.value(propertyDefaultValue);
         const QString name =
-            propertyPrefix + fields.value(u"name"_s).toString().replace(u' ', u'_');
+            propertyPrefix + fields.value(propertyName).toString().replace(u' ', u'_');
         if (value.typeId() == QMetaType::QString)
             values.insert(name, value.toString());
         else if (value.typeId() == QMetaType::Bool)
             values.insert(name, value.toBool() ? u"1"_s : u""_s);
+        else if (const QColor color = unarchivedColor(value.toByteArray()); color.isValid())
+            values.insert(name, color.name());
     }
     return values;
 }

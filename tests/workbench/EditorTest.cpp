@@ -344,7 +344,7 @@ TEST_F(EditorTest, EveryTabStopShowsThatItHasTheKeyboard)
     qApp->setStyleSheet({});
     EXPECT_TRUE(
         seen.contains({QStringLiteral("templateNameTextField"), QStringLiteral("placeholderPopup"),
-                       QStringLiteral("segmentedControl"), QStringLiteral("propertiesView"),
+                       QStringLiteral("segmentedControl"), QStringLiteral("propertiesTable"),
                        QStringLiteral("bannerButton"), QStringLiteral("searchField")}));
 }
 

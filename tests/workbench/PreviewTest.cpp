@@ -1,7 +1,10 @@
 #include "workbench/WorkbenchFixture.h"
 
 #include "library/LSMDesignKeys.h"
+#include "platform/KeyedArchive.h"
+#include "platform/NotificationCenter.h"
 #include "platform/web/WebView.h"
+#include "workbench/LSMNotifications.h"
 
 #include <QMenu>
 #include <QPushButton>
@@ -63,10 +66,13 @@ TEST_F(PreviewTest, AListingTakesThePlaceOfPlaceholdersAndTouchesNoText)
 {
     const QVariantMap stripe{{QStringLiteral("name"), QStringLiteral("Gift Line")},
                              {QStringLiteral("defaultValue"), QStringLiteral("Wrapped!")}};
+    const QVariantMap ink{
+        {QStringLiteral("name"), QStringLiteral("Ink")},
+        {QStringLiteral("defaultValue"), platform::KeyedArchive::archivedColor(QColor(9, 8, 255))}};
     launchWith("[[LBTitle]]|[[LBProperty_Gift_Line]]|[[LBShippingTime]]|<img src='[[LBPicture1]]'>"
                "[[if LBLayoutEnabled_One or LBLayoutNotDefined]]ONE[[endif]]"
-               "[[if LBLayoutEnabled_Two]]TWO[[endif]]",
-               {{LSMDesignKeys::properties, QVariantList{stripe}}});
+               "[[if LBLayoutEnabled_Two]]TWO[[endif]]<i style='color:[[LBProperty_Ink]]'>",
+               {{LSMDesignKeys::properties, QVariantList{stripe, ink}}});
     const QString asWritten = documents().last();
     EXPECT_TRUE(asWritten.contains(QStringLiteral("[[LBTitle]]")));
     const auto shows = [&](const char *listing, const char *text) {
@@ -74,14 +80,20 @@ TEST_F(PreviewTest, AListingTakesThePlaceOfPlaceholdersAndTouchesNoText)
         return documents().last().contains(QString::fromUtf8(text));
     };
     EXPECT_TRUE(shows("Usual Listing", "lamp, 1930s|Wrapped!|Shipping Time|<img src='data:image"));
-    EXPECT_TRUE(documents().last().contains(QStringLiteral("ONE\n")));
-    EXPECT_TRUE(shows("Empty Fields", "\n|Wrapped!||<img src=''>ONE\n"));
+    EXPECT_TRUE(documents().last().contains(QStringLiteral("ONE<i style='color:#0908ff'>\n")));
+    EXPECT_TRUE(shows("Empty Fields", "\n|Wrapped!||<img src=''>ONE<i"));
     EXPECT_TRUE(shows("Very Long Texts", "Donaudampf"));
     EXPECT_TRUE(shows("Right to Left", "مصباح"));
     EXPECT_TRUE(shows("Missing Pictures", "<img src='data:,'>"));
     choose("listingPopup", QStringLiteral("As Written"));
     EXPECT_EQ(documents().last(), asWritten);
     EXPECT_FALSE(selected()->templateShouldBeSaved());
+
+    EXPECT_TRUE(shows("Usual Listing", "Wrapped!"));
+    selected()->templateDictionary()->setValue(LSMDesignKeys::properties, QVariantList{ink});
+    platform::NotificationCenter::defaultCenter().post(LSMDesignPropertyDidChange, selected());
+    EXPECT_TRUE(support::waitUntil(
+        [&] { return documents().last().contains(QStringLiteral("[[LBProperty_Gift_Line]]")); }));
 }
 
 TEST_F(PreviewTest, APageThatDiesSaysSoAndComesBack)
