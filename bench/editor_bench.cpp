@@ -6,16 +6,15 @@
 // A process measures one document, cold; run it several times and take medians. Milliseconds unless
 // the name says otherwise. docs/performance.md explains each figure.
 
+#include "Measuring.h"
+
 #include "editor/colouring/SMLSyntaxColouring.h"
 #include "editor/MGSFragariaView.h"
 #include "editor/SMLTextView.h"
 #include "kit/ui/ApplicationStyle.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
-#include <functional>
-#include <malloc.h>
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QElapsedTimer>
@@ -26,95 +25,12 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QWindow>
-#include <unistd.h>
 
 namespace {
 
 using platform::TextStorage;
 
 constexpr int samples = 200;
-
-double milliseconds(const std::function<void()> &work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
-double residentMegabytes()
-{
-    ::malloc_trim(0);
-    QFile file(QStringLiteral("/proc/self/statm"));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    return file.readAll().split(' ').value(1).toDouble() * double(::sysconf(_SC_PAGESIZE)) /
-           1048576;
-}
-
-double peakMegabytes()
-{
-    QFile file(QStringLiteral("/proc/self/status"));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : file.readAll().split('\n')) {
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).trimmed().split(' ').value(0).toDouble() / 1024;
-    }
-    return 0;
-}
-
-int differentPixels(const QImage &a, const QImage &b)
-{
-    int count = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x)
-            count += (a.pixel(x, y) & 0xFFFFFF) != (b.pixel(x, y) & 0xFFFFFF);
-    }
-    return count;
-}
-
-int hues(const QImage &image)
-{
-    QSet<int> found;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor color(image.pixel(x, y));
-            if (color.saturation() > 180 && color.value() > 90)
-                found.insert(color.hue() / 20);
-        }
-    }
-    return int(found.size());
-}
-
-class Samples
-{
-public:
-    void add(double value) { m_values.push_back(value); }
-    void dropLast() { m_values.pop_back(); }
-    bool isEmpty() const { return m_values.empty(); }
-    int count() const { return int(m_values.size()); }
-
-    void write(QJsonObject &result, const QString &name)
-    {
-        std::ranges::sort(m_values);
-        result[name + QStringLiteral("_n")] = count();
-        result[name + QStringLiteral("_median")] = quantile(0.5);
-        result[name + QStringLiteral("_p99")] = quantile(0.99);
-        result[name + QStringLiteral("_max")] = quantile(1);
-    }
-
-private:
-    QJsonValue quantile(double part) const
-    {
-        if (m_values.empty())
-            return {};
-        const auto rank = size_t(std::ceil(part * double(m_values.size())));
-        return m_values[std::clamp<size_t>(rank, 1, m_values.size()) - 1];
-    }
-
-    std::vector<double> m_values;
-};
 
 /// One editor in its window, and the frames that it draws.
 class Editor : public QObject

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Makes a home with many custom designs, for measurements: make_designs.py DIR COUNT.
+"""Makes a home with many custom designs, for measurements: make_designs.py DIR COUNT [KILOBYTES].
 
-Each design has about 10 KB of HTML, a small PNG thumbnail and an XML Info.plist, all different and
-the same from run to run. DIR must not exist.
+Each design has about 10 KB of HTML, or as much as said, a small PNG thumbnail and an XML Info.plist,
+all different and the same from run to run. DIR must not exist.
 """
 import plistlib
 import random
@@ -12,7 +12,6 @@ import zlib
 from pathlib import Path
 
 DESIGNS = "Library/Containers/com.quillbyte.lotbook9/Data/Library/Application Support/Lotbook/DesignTemplates"
-BODY_SIZE = 10 * 1024
 STYLES = ["Linen", "Harbour", "Atelier", "Workshop", "Meadow", "Copper", "Paper", "Lantern"]
 GOODS = ["Antiques", "Cameras", "Toys", "Records", "Fabrics", "Tools", "Books", "Watches"]
 WORDS = ("shipped within two days from our shop fully tested original box condition see pictures "
@@ -31,7 +30,7 @@ def rows(chance, size):
     return result
 
 
-def html(number, title, chance):
+def html(number, title, size, chance):
     return f"""<!-- {title} -->
 <style type="text/css">
 .design{number} {{ font: 14px/1.5 Helvetica, Arial, sans-serif; color: #{chance.randrange(1 << 24):06x}; }}
@@ -40,9 +39,9 @@ def html(number, title, chance):
 <div class="design{number}"><h1>[[title]]</h1>
 <img src="https://img.example.com/{number}/header.jpg" alt="">
 [[if LBLayoutEnabled_One_Column or LBLayoutNotDefined]]
-<table width="100%">{rows(chance, BODY_SIZE // 2 - 300)}</table>
+<table width="100%">{rows(chance, size // 2 - 300)}</table>
 [[endif]][[if LBLayoutEnabled_Two_Columns]]
-<table width="50%">{rows(chance, BODY_SIZE // 2 - 300)}</table>
+<table width="50%">{rows(chance, size // 2 - 300)}</table>
 [[endif]]
 <p>[[description]] &copy; Müller &amp; Söhne</p></div>
 """.encode()
@@ -63,12 +62,12 @@ def png(chance, side=64):
             + chunk(b"IDAT", zlib.compress(b"".join(rows))) + chunk(b"IEND", b""))
 
 
-def make_design(folder, number, pictures):
+def make_design(folder, number, size, pictures):
     chance = random.Random(number)
     title = f"{chance.choice(STYLES)} {chance.choice(GOODS)} {number:05d}"
     bundle = folder / f"{title}.designTemplate"
     bundle.mkdir()
-    (bundle / "body.html").write_bytes(html(number, title, chance))
+    (bundle / "body.html").write_bytes(html(number, title, size, chance))
     (bundle / "thumbnail.png").write_bytes(chance.choice(pictures))
     with open(bundle / "Info.plist", "wb") as file:
         plistlib.dump({
@@ -83,16 +82,18 @@ def make_design(folder, number, pictures):
 
 
 def main():
-    if len(sys.argv) != 3 or not sys.argv[2].isdigit():
-        sys.exit("usage: make_designs.py DIR COUNT")
+    numbers = [int(text) for text in sys.argv[2:] if text.isdigit()]
+    if len(numbers) != len(sys.argv) - 2 or len(numbers) not in (1, 2):
+        sys.exit("usage: make_designs.py DIR COUNT [KILOBYTES]")
+    count, kilobytes = (numbers + [10])[:2]
     home = Path(sys.argv[1])
     if home.exists():
         sys.exit(f"{home} is there already")
     folder = home / DESIGNS
     folder.mkdir(parents=True)
     pictures = [png(random.Random(number)) for number in range(50)]
-    for number in range(int(sys.argv[2])):
-        make_design(folder, number, pictures)
+    for number in range(count):
+        make_design(folder, number, kilobytes * 1024, pictures)
 
 
 if __name__ == "__main__":
