@@ -227,6 +227,12 @@ void LayoutManager::showAllLines()
     Q_EMIT layoutDidChange();
 }
 
+void LayoutManager::drawLineBackground(QPainter *painter, qsizetype line, QPointF origin,
+                                       const QRectF &clip)
+{
+    this->line(line).drawBackground(painter, origin, clip);
+}
+
 void LayoutManager::drawLine(QPainter *painter, qsizetype line, QPointF origin, const QRectF &clip)
 {
     this->line(line).draw(painter, origin, clip);

@@ -65,7 +65,9 @@ public:
     void showLine(qsizetype line); ///< With those that were hidden along with it.
     void showAllLines();
 
-    /// Draws what of the line lies in `clip`, its left top corner at `origin`.
+    // What of the line lies in `clip`, its left top corner at `origin`: first what is behind it.
+    virtual void drawLineBackground(QPainter *painter, qsizetype line, QPointF origin,
+                                    const QRectF &clip);
     virtual void drawLine(QPainter *painter, qsizetype line, QPointF origin, const QRectF &clip);
 
 Q_SIGNALS:

@@ -227,7 +227,9 @@ std::vector<QRectF> LineLayout::rectsOf(TextRange offsets, const QRectF &clip)
     }
 }
 
-void LineLayout::draw(QPainter *painter, QPointF origin, const QRectF &clip)
+/// Calls `function(piece, corner)` for the pieces that reach into `clip`, laid out.
+template <class Function>
+void LineLayout::forEachPiece(QPointF origin, const QRectF &clip, Function function)
 {
     const QRectF wanted = clip.translated(-origin);
     for (Place place = first();; place = next(place)) {
@@ -238,13 +240,25 @@ void LineLayout::draw(QPainter *painter, QPointF origin, const QRectF &clip)
         const bool isBefore =
             isWrapped() ? top + qreal(piece.rowCount()) * m_style.rowHeight <= wanted.top()
                         : place.x + piece.width() < wanted.left() && !isLast(place);
-        if (!isBefore) {
-            laidOut(place);
-            piece.draw(painter, origin + QPointF(place.x, top), clip);
-        }
+        if (!isBefore)
+            function(laidOut(place), origin + QPointF(place.x, top));
         if (isLast(place))
             return;
     }
+}
+
+void LineLayout::drawBackground(QPainter *painter, QPointF origin, const QRectF &clip)
+{
+    forEachPiece(origin, clip, [&](const LinePiece &piece, QPointF corner) {
+        piece.drawBackground(painter, corner);
+    });
+}
+
+void LineLayout::draw(QPainter *painter, QPointF origin, const QRectF &clip)
+{
+    forEachPiece(origin, clip, [&](const LinePiece &piece, QPointF corner) {
+        piece.draw(painter, corner, clip);
+    });
 }
 
 void LineLayout::formatsDidChange(TextRange offsets)

@@ -50,7 +50,9 @@ public:
     std::vector<QRectF> rectsOf(TextRange offsets, const QRectF &clip);
 
     /// What of the line lies in `clip`, with the line's left top corner at `origin`, in the
-    /// painter's pen where no format says otherwise. `clip` is in the painter's coordinates.
+    /// painter's pen where no format says otherwise; its background apart, so that something can
+    /// lie between. `clip` is in the painter's coordinates.
+    void drawBackground(QPainter *painter, QPointF origin, const QRectF &clip);
     void draw(QPainter *painter, QPointF origin, const QRectF &clip);
 
     // The text around it.
@@ -79,6 +81,8 @@ private:
     Place placeAt(QPointF point) const;
     qsizetype rowIn(const Place &place, qreal y) const;
     LinePiece &laidOut(const Place &place);
+    template <class Function>
+    void forEachPiece(QPointF origin, const QRectF &clip, Function function);
     void forgetFarPieces(size_t index);
 
     const LineStyle &m_style;

@@ -124,7 +124,7 @@ void LinePiece::addStroke(TextRange offsets, const QColor &color)
 
 void LinePiece::draw(QPainter *painter, QPointF origin, const QRectF &clip) const
 {
-    fill(painter, origin);
+    drawUnderlines(painter, origin);
     const QRectF wanted = clip.translated(-origin).adjusted(0, -m_rowHeight, 0, m_rowHeight);
     const QPen pen = painter->pen();
     QColor color = pen.color();
@@ -140,26 +140,37 @@ void LinePiece::draw(QPainter *painter, QPointF origin, const QRectF &clip) cons
     painter->setPen(pen);
 }
 
-// Backgrounds and underlines.
-void LinePiece::fill(QPainter *painter, QPointF origin) const
+/// Calls `function(rect)` for each row and direction of the range.
+template <class Function>
+void LinePiece::forEachRect(TextRange offsets, QPointF origin, Function function) const
+{
+    for (qsizetype row = 0; row < m_rowCount; ++row) {
+        for (const auto &[left, right] : m_layout->spansOf(offsets, row))
+            function(QRectF(origin.x() + left, origin.y() + qreal(row) * m_rowHeight, right - left,
+                            m_rowHeight));
+    }
+}
+
+void LinePiece::drawBackground(QPainter *painter, QPointF origin) const
 {
     for (const LineFormats::Run &run : m_runs) {
         const QVariant background = run.attributes.value(TextAttribute::BackgroundColor);
+        if (background.isValid())
+            forEachRect(run.range, origin, [&](const QRectF &rect) {
+                painter->fillRect(rect, background.value<QColor>());
+            });
+    }
+}
+
+void LinePiece::drawUnderlines(QPainter *painter, QPointF origin) const
+{
+    for (const LineFormats::Run &run : m_runs) {
         const int underline = run.attributes.value(TextAttribute::UnderlineStyle).toInt();
-        const bool isUnderlined = underline != 0 && !isErrorUnderline(underline);
-        if (!background.isValid() && !isUnderlined)
-            continue;
-        for (qsizetype row = 0; row < m_rowCount; ++row) {
-            for (const auto &[left, right] : m_layout->spansOf(run.range, row)) {
-                const QRectF rect(origin.x() + left, origin.y() + qreal(row) * m_rowHeight,
-                                  right - left, m_rowHeight);
-                if (background.isValid())
-                    painter->fillRect(rect, background.value<QColor>());
-                if (isUnderlined)
-                    painter->drawLine(rect.bottomLeft() - QPointF(0, 2),
-                                      rect.bottomRight() - QPointF(0, 2));
-            }
-        }
+        if (underline != 0 && !isErrorUnderline(underline))
+            forEachRect(run.range, origin, [painter](const QRectF &rect) {
+                painter->drawLine(rect.bottomLeft() - QPointF(0, 2),
+                                  rect.bottomRight() - QPointF(0, 2));
+            });
     }
 }
 

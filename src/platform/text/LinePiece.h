@@ -27,6 +27,7 @@ public:
     void formatsDidChange() { m_formatsAreFresh = false; }
 
     // Of a piece that is laid out.
+    void drawBackground(QPainter *painter, QPointF origin) const;
     void draw(QPainter *painter, QPointF origin, const QRectF &clip) const;
     const PieceLayout &layout() const { return *m_layout; }
 
@@ -42,7 +43,9 @@ private:
 
     void collectStrokes();
     void addStroke(TextRange offsets, const QColor &color);
-    void fill(QPainter *painter, QPointF origin) const;
+    void drawUnderlines(QPainter *painter, QPointF origin) const;
+    template <class Function>
+    void forEachRect(TextRange offsets, QPointF origin, Function function) const;
 
     QString m_text;
     std::unique_ptr<PieceLayout> m_layout;

@@ -7,6 +7,7 @@ namespace platform {
 namespace {
 
 constexpr size_t smallestTableLimit = 1024;
+constexpr size_t rememberedSets = 64; // while many are replaced
 
 } // namespace
 
@@ -157,24 +158,27 @@ void TemporaryAttributes::replace(TextAttributeKeys keys, TextRange range,
     check(range);
     forgetUnused();
     Stretch stretch{};
-    std::vector<std::pair<const TextAttributes *, Number>> known; // by what the set had already
-    Number bare = 0;
+    struct Rewritten
+    {
+        Number from = 0;
+        const void *added = nullptr;
+        Number to = 0;
+    };
+    std::array<Rewritten, rememberedSets> known; // 0 without anything stays 0
+    const auto rewritten = [&](Number set) {
+        const void *added = stretch.attributes->identity();
+        Rewritten &found = known[(set + quintptr(added) / sizeof(QVariant)) % known.size()];
+        if (found.from != set || found.added != added)
+            found = {set, added,
+                     m_table.with(m_table.without(set, keys), m_table.number(*stretch.attributes))};
+        return found.to;
+    };
     rewrite(range, [&](Block &out, quint32 length, Number set) {
-        if (const Number left = m_table.without(set, keys); left != bare) {
-            bare = left;
-            known.clear();
-        }
         while (length > 0) {
             if (stretch.length == 0)
                 stretch = next();
-            auto at = std::find_if(known.begin(), known.end(), [&stretch](const auto &pair) {
-                return pair.first == stretch.attributes;
-            });
-            if (at == known.end())
-                at = known.insert(at, {stretch.attributes,
-                                       m_table.with(bare, m_table.number(*stretch.attributes))});
             const auto part = quint32(std::min<qsizetype>(stretch.length, length));
-            out.append(part, at->second);
+            out.append(part, rewritten(set));
             stretch.length -= part;
             length -= part;
         }

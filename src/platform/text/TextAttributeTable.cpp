@@ -38,11 +38,12 @@ TextAttributeTable::Number TextAttributeTable::without(Number set, TextAttribute
     if (set == 0)
         return 0;
     Values values = m_sets[set].values;
+    bool hasLess = false;
     for (size_t i = 0; i < values.size(); ++i) {
         if (keys & allTextAttributes[i])
-            values[i] = 0;
+            hasLess = std::exchange(values[i], 0) != 0 || hasLess;
     }
-    return numberOf(values);
+    return hasLess ? numberOf(values) : set;
 }
 
 bool TextAttributeTable::isEqual(Number a, Number b, TextAttribute key) const

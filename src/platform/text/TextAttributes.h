@@ -13,7 +13,7 @@ enum class TextAttribute : quint8 {
     ForegroundColor = 1, ///< QColor
     BackgroundColor = 2, ///< QColor
     UnderlineStyle = 4,  ///< int
-    ToolTip = 8,         ///< QString
+    ToolTip = 8,         ///< QString, plain text
     Group = 16,          ///< QString: what the text is, e.g. the name of a colouring group
 };
 Q_DECLARE_FLAGS(TextAttributeKeys, TextAttribute)

@@ -170,6 +170,7 @@ protected:
     /// About to be painted: whole lines, but of very long ones what is in sight.
     virtual void willDrawText(TextRange /*characters*/) {}
     virtual void drawViewBackground(QPainter *painter, const QRectF &dirty);
+    virtual void drawBehindText(QPainter *, const QRectF & /*dirty*/) {} ///< On lines' backgrounds.
     virtual void drawOverText(QPainter *, const QRectF & /*dirty*/) {}
 
     /// What a click selects; `proposed` is the platform's answer.
@@ -236,6 +237,7 @@ private:
     void forEachLine(qreal from, qreal to, Function function);
     TextRange charactersIn(qsizetype line, const QRectF &rect);
     void announceText(const QRectF &dirty);
+    void drawLineBackgrounds(QPainter *painter, const QRegion &region);
     void drawSelections(QPainter *painter, const QRectF &dirty);
     void drawLines(QPainter *painter, const QRegion &region);
     void drawCarets(QPainter *painter);

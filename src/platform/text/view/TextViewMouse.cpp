@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace platform {
@@ -212,7 +213,8 @@ bool TextView::viewportEvent(QEvent *event)
     if (tip.isEmpty())
         QToolTip::hideText();
     else
-        QToolTip::showText(help->globalPos(), tip, viewport());
+        QToolTip::showText(help->globalPos(), Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal),
+                           viewport());
     return true;
 }
 

@@ -95,6 +95,8 @@ void TextView::paintEvent(QPaintEvent *event)
     announceText(dirty);
     QPainter painter(viewport());
     drawViewBackground(&painter, dirty);
+    drawLineBackgrounds(&painter, event->region());
+    drawBehindText(&painter, dirty);
     drawSelections(&painter, dirty);
     drawLines(&painter, event->region());
     drawCarets(&painter);
@@ -128,6 +130,17 @@ void TextView::announceText(const QRectF &dirty)
 void TextView::drawViewBackground(QPainter *painter, const QRectF &dirty)
 {
     painter->fillRect(dirty, backgroundColor());
+}
+
+void TextView::drawLineBackgrounds(QPainter *painter, const QRegion &region)
+{
+    const QRectF dirty = region.boundingRect();
+    forEachLine(dirty.top(), dirty.bottom(), [&](qsizetype line, qreal top) {
+        const QRectF rect(0, top, viewport()->width(), heightOfLine(line));
+        if (region.intersects(rect.toAlignedRect()))
+            m_layoutManager->drawLineBackground(painter, line, originOfLine(top),
+                                                dirty.intersected(rect));
+    });
 }
 
 // From the start of the first to the end of the last.
@@ -185,10 +198,12 @@ void TextView::drawLines(QPainter *painter, const QRegion &region)
         const QRectF rect(0, top, viewport()->width(), heightOfLine(line));
         if (!region.intersects(rect.toAlignedRect()))
             return;
-        if (line == composed)
+        if (line == composed) {
+            m_composition->lineAt(caret).drawBackground(painter, originOfLine(top), dirty);
             m_composition->lineAt(caret).draw(painter, originOfLine(top), dirty);
-        else
+        } else {
             m_layoutManager->drawLine(painter, line, originOfLine(top), dirty);
+        }
     });
 }
 

@@ -141,13 +141,14 @@ TEST_F(TextViewMouseTest, TextCanBeDroppedFromElsewhere)
 TEST_F(TextViewMouseTest, ToolTipsComeFromTheText)
 {
     set(u"good bad|"_s);
-    view.layoutManager()->addTemporaryAttributes({{TextAttribute::ToolTip, u"Not good"_s}}, {5, 3});
+    view.layoutManager()->addTemporaryAttributes({{TextAttribute::ToolTip, u"Not <b>good"_s}},
+                                                 {5, 3});
     const auto ask = [this](QPoint point) {
         QHelpEvent event(QEvent::ToolTip, point, view.viewport()->mapToGlobal(point));
         QCoreApplication::sendEvent(view.viewport(), &event);
         return QToolTip::text();
     };
-    EXPECT_EQ(ask(pointOf(6)), u"Not good"_s);
+    EXPECT_EQ(ask(pointOf(6)), u"<p>Not &lt;b&gt;good</p>"_s);
     QToolTip::hideText();
     EXPECT_TRUE(support::waitUntil([] { return QToolTip::text().isEmpty(); }));
     EXPECT_EQ(ask(pointOf(1)), QString());
