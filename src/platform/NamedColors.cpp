@@ -24,6 +24,7 @@ constexpr NamedColor colors[] = {
     {"codeEditorGutterBackgroundColour", 0xF7F8FA, 0x202125},
     {"codeEditorGutterTextColour", 0x666B73, 0x8E939C},
     {"codeEditorCurrentLineHighlightColour", 0xEFF4FC, 0x26292F},
+    {"codeEditorSyntaxErrorHighlightingColour", 0xFFFFB3, 0x40361A},
     {"codeEditorTextColor", 0x1D1E21, 0xE3E4E8},
     {"codeEditorAttributes", 0x808033, 0xC8C07A},
     {"codeEditorAutocomplete", 0xD66902, 0xF2A65A},

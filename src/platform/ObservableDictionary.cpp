@@ -4,7 +4,7 @@ namespace platform {
 
 QString ObservableDictionary::stringValue(const QString &key) const
 {
-    const QVariant found = m_values.value(key);
+    const QVariant found = value(key);
     return found.typeId() == QMetaType::QString ? found.toString() : QString();
 }
 

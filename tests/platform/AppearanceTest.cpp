@@ -34,7 +34,8 @@ TEST(NamedColors, TextIsReadable)
         {{"bannerTextColor"}, {"bannerBackground"}},
         {{"badgeTextColor"}, {"badgeBackground"}},
         {{"codeEditorTextColor"},
-         {"codeEditorBackground", "codeEditorCurrentLineHighlightColour", "selectionBackground"}},
+         {"codeEditorBackground", "codeEditorCurrentLineHighlightColour",
+          "codeEditorSyntaxErrorHighlightingColour", "selectionBackground"}},
         {{"codeEditorGutterTextColour"},
          {"codeEditorGutterBackgroundColour", "codeEditorCurrentLineHighlightColour"}},
     };

@@ -23,12 +23,14 @@ QColor tint(QIcon::Mode mode)
                          QPalette::ButtonText);
 }
 
-class TintedIconEngine : public QIconEngine
+enum class Colours { Own, Tint };
+
+class DrawingEngine : public QIconEngine
 {
 public:
-    explicit TintedIconEngine(const QString &path) : m_path(path) {}
+    DrawingEngine(const QString &path, Colours colours) : m_path(path), m_colours(colours) {}
 
-    QIconEngine *clone() const override { return new TintedIconEngine(m_path); }
+    QIconEngine *clone() const override { return new DrawingEngine(m_path, m_colours); }
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
     {
@@ -44,7 +46,7 @@ public:
 private:
     QPixmap drawn(const QSize &pixels, QIcon::Mode mode) const
     {
-        const QColor color = tint(mode);
+        const QColor color = m_colours == Colours::Tint ? tint(mode) : QColor(Qt::transparent);
         const QString key = QStringLiteral("%1 %2x%3 %4")
                                 .arg(m_path)
                                 .arg(pixels.width())
@@ -59,7 +61,8 @@ private:
         QSvgRenderer drawing(m_path);
         drawing.setAspectRatioMode(Qt::KeepAspectRatio);
         drawing.render(&painter);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        if (m_colours == Colours::Tint)
+            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
         painter.fillRect(pixmap.rect(), color);
         painter.end();
         QPixmapCache::insert(key, pixmap);
@@ -67,15 +70,25 @@ private:
     }
 
     QString m_path;
+    Colours m_colours;
 };
+
+QIcon icon(const QString &path, Colours colours)
+{
+    PLATFORM_ASSERT(QFile::exists(path), "missing image %@", path);
+    return QIcon(new DrawingEngine(path, colours));
+}
 
 } // namespace
 
 QIcon tintedIcon(const QString &name)
 {
-    const QString path = QStringLiteral(":/layoutsmith/images/%1.svg").arg(name);
-    PLATFORM_ASSERT(QFile::exists(path), "missing image %@", path);
-    return QIcon(new TintedIconEngine(path));
+    return icon(QStringLiteral(":/layoutsmith/images/%1.svg").arg(name), Colours::Tint);
+}
+
+QIcon drawnIcon(const QString &path)
+{
+    return icon(path, Colours::Own);
 }
 
 } // namespace zq

@@ -9,4 +9,8 @@ namespace zq {
 /// size. A missing image is a programming fault. Main thread.
 QIcon tintedIcon(const QString &name);
 
+/// The SVG drawing at the path in its own colours, the same in light and dark, drawn sharp at any
+/// size. A missing file is a programming fault. Main thread.
+QIcon drawnIcon(const QString &path);
+
 } // namespace zq
