@@ -35,6 +35,8 @@ void MGSFragariaView::setupView()
     setHasVerticalScroller(true);
     setShowsGutter(true);
     m_syntaxErrorController = new MGSSyntaxErrorController(this);
+    m_syntaxErrorController->setLineNumberView(m_gutterView);
+    m_syntaxErrorController->setTextView(m_textView);
     setShowsSyntaxErrors(true);
     setAutoCompleteDelegate(nullptr);
 }
@@ -167,7 +169,7 @@ void MGSFragariaView::setSyntaxColouringDelegate(SMLSyntaxColouringDelegate *del
     syntaxColouring()->setSyntaxColouringDelegate(delegate);
 }
 
-QVariantList MGSFragariaView::syntaxErrors() const
+QList<SMLSyntaxError> MGSFragariaView::syntaxErrors() const
 {
     return m_syntaxErrorController->syntaxErrors();
 }

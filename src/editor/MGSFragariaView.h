@@ -13,6 +13,7 @@ class MGSSyntaxErrorController;
 class SMLAutoCompleteDelegate;
 class SMLSyntaxColouring;
 class SMLSyntaxColouringDelegate;
+class SMLSyntaxError;
 class SMLTextView;
 
 namespace platform {
@@ -67,8 +68,8 @@ public:
     void setBreakpointDelegate(MGSBreakpointDelegate *delegate);
     SMLSyntaxColouringDelegate *syntaxColouringDelegate() const;
     void setSyntaxColouringDelegate(SMLSyntaxColouringDelegate *delegate);
-    QVariantList syntaxErrors() const;
-    void setSyntaxErrors(const QVariantList &errors);
+    QList<SMLSyntaxError> syntaxErrors() const;
+    void setSyntaxErrors(const QVariantList &errors); ///< See MGSSyntaxErrorController.h.
 
     /// Another text under the editor, with its own history of undo.
     void replaceTextStorage(std::shared_ptr<platform::TextStorage> storage);

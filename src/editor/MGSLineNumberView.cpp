@@ -20,6 +20,7 @@ using platform::TextStorage;
 namespace {
 
 constexpr qreal foldMarkWidth = 12;
+constexpr QSize largestDecoration(256, 256); // asked for to learn a picture's proportions
 
 QColor defaultBreakpointColour()
 {
@@ -198,6 +199,7 @@ qsizetype MGSLineNumberView::lineCount() const
 void MGSLineNumberView::updateDigitWidthCache()
 {
     const QFontMetricsF metrics(font());
+    m_fontSize = QFontInfo(font()).pixelSize();
     m_maxDigitWidthOfCurrentFont = 0;
     for (char16_t digit = u'0'; digit <= u'9'; ++digit)
         m_maxDigitWidthOfCurrentFont =
@@ -255,15 +257,14 @@ QRectF MGSLineNumberView::wholeLineRectForLine(qsizetype row) const
 
 qreal MGSLineNumberView::decorationInset(qreal lineHeight) const
 {
-    const qreal fontSize = QFontInfo(font()).pixelSize();
-    return qMax<qreal>(1, qMin(lineHeight / 12, fontSize / 11)) + numberMargin;
+    return qMax<qreal>(1, qMin(lineHeight / 12, m_fontSize / 11)) + numberMargin;
 }
 
-QSizeF MGSLineNumberView::decorationSize(const QPixmap &decoration, qreal lineHeight) const
+QSizeF MGSLineNumberView::decorationSize(const QIcon &decoration, qreal lineHeight) const
 {
-    const QSizeF natural = decoration.deviceIndependentSize();
+    const QSizeF natural = decoration.actualSize(largestDecoration);
     const qreal inset = decorationInset(lineHeight) - numberMargin;
-    const qreal height = qMin<qreal>(lineHeight - 2 * inset, QFontInfo(font()).pixelSize());
+    const qreal height = qMin<qreal>(lineHeight - 2 * inset, m_fontSize);
     return natural.isEmpty() ? QSizeF() : natural * (height / natural.height());
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/text/view/TextView.h"
-#include <QPixmap>
+#include <QIcon>
 
 class MGSBreakpointDelegate;
 class MGSChangedLines;
@@ -20,7 +20,7 @@ class MGSLineNumberView : public QWidget
     Q_OBJECT
 
 public:
-    using Decorations = QMap<qsizetype, QPixmap>; ///< By line.
+    using Decorations = QMap<qsizetype, QIcon>; ///< By line.
 
     /// Becomes the text view's ruler. The editor view, handed to delegates, may be null.
     explicit MGSLineNumberView(platform::TextView *textView, MGSFragariaView *fragaria = nullptr);
@@ -93,7 +93,7 @@ private:
     void textStorageDidProcessEditing(platform::TextRange range, qsizetype changeInLength);
     void updateLines(platform::TextRange range);
     void breakpointClickedOnLine(qsizetype line);
-    QSizeF decorationSize(const QPixmap &decoration, qreal lineHeight) const;
+    QSizeF decorationSize(const QIcon &decoration, qreal lineHeight) const;
     qreal decorationInset(qreal lineHeight) const;
 
     void drawBackground(QPainter *painter) const;
@@ -123,6 +123,7 @@ private:
 
     Hit m_mouseDown; ///< Outside: no click is tracked.
     qreal m_maxDigitWidthOfCurrentFont = 0;
+    qreal m_fontSize = 0;                     ///< Pixels.
     QMap<qsizetype, QColor> m_breakpointData; ///< By line.
     qsizetype m_lastLineCount = 1;
 };

@@ -86,8 +86,10 @@ void MGSLineNumberView::drawRow(QPainter *painter, qsizetype row, const QRectF &
         drawChangeBar(painter, row);
     const QRectF decoration = decorationRectOfLine(row);
     if (!decoration.isNull()) {
+        const QRect place = decoration.toRect();
         painter->setRenderHint(QPainter::SmoothPixmapTransform);
-        painter->drawPixmap(decoration.toRect(), m_decorations[row + 1]);
+        painter->drawPixmap(place,
+                            m_decorations[row + 1].pixmap(place.size(), devicePixelRatioF()));
     }
 }
 

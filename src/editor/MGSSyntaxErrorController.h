@@ -1,36 +1,81 @@
 #pragma once
 
-#include <QColor>
-#include <QObject>
-#include <QVariantList>
+#include "editor/MGSHighlightWriter.h"
+#include "editor/MGSLineNumberView.h"
 
-/// What a client says is wrong in the text, and how it wants to see it. Owned by the editor view;
-/// main thread.
+/// Shows what a client says is wrong in the text: the line's background, tool tips, zigzag
+/// underlines, and badges in the gutter that open the messages when they are clicked. Finds no
+/// errors itself.
+///
+/// Errors stay on the lines that the client gave, whatever is edited, until it gives others; what
+/// is highlighted is settled again after each edit. Those on lines that do not exist are not shown;
+/// a character beyond its line counts as the line's end, a length beyond the text reaches to the
+/// text's end.
+///
+/// Owned by the editor view; borrows gutter and text view. Main thread.
 class MGSSyntaxErrorController : public QObject
 {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    using Errors = QList<SMLSyntaxError>;
 
-    const QVariantList &syntaxErrors() const { return m_syntaxErrors; }
-    void setSyntaxErrors(const QVariantList &errors) { m_syntaxErrors = errors; }
+    explicit MGSSyntaxErrorController(QObject *parent);
+
+    const Errors &syntaxErrors() const { return m_syntaxErrors; }
+    void setSyntaxErrors(const QVariantList &errors); ///< What is no SMLSyntaxError is dropped.
 
     bool showsSyntaxErrors() const { return m_showsSyntaxErrors; }
-    void setShowsSyntaxErrors(bool shows) { m_showsSyntaxErrors = shows; }
+    void setShowsSyntaxErrors(bool shows);
+    bool showsIndividualErrors() const { return m_highlighter.look().underlinesEach; }
+    void setShowsIndividualErrors(bool shows); ///< By zigzags.
+    QColor defaultSyntaxErrorHighlightingColour() const { return m_highlighter.look().lineColour; }
+    void setDefaultSyntaxErrorHighlightingColour(const QColor &colour);
 
-    bool showsIndividualErrors() const { return m_showsIndividualErrors; }
-    void setShowsIndividualErrors(bool shows) { m_showsIndividualErrors = shows; }
+    MGSLineNumberView *lineNumberView() const { return m_lineNumberView; }
+    void setLineNumberView(MGSLineNumberView *gutter); ///< Takes the clicks on its decorations.
+    platform::TextView *textView() const { return m_textView; }
+    void setTextView(platform::TextView *textView);
 
-    QColor defaultSyntaxErrorHighlightingColour() const { return m_highlightingColour; }
-    void setDefaultSyntaxErrorHighlightingColour(const QColor &colour)
-    {
-        m_highlightingColour = colour;
-    }
+    // What is not hidden. Lines are one-based.
+    Errors nonHiddenErrors() const;
+    QList<quint64> linesWithErrors() const; ///< Each once, ascending.
+    qsizetype errorCountForLine(quint64 line) const { return errorsForLine(line).size(); }
+    Errors errorsForLine(quint64 line) const;
+    /// The first of those with the line's highest level.
+    std::optional<SMLSyntaxError> errorForLine(quint64 line) const;
+
+    /// The badges, of `errorForLine`, by line.
+    MGSLineNumberView::Decorations errorDecorations() const;
+    /// The same in one size, unless a side of it is 0 or less.
+    MGSLineNumberView::Decorations errorDecorationsHavingSize(QSize size) const;
+
+    /// Opens the line's messages beside a place of the view; nothing without messages.
+    void showErrorsForLine(quint64 line, const QRectF &relativeToRect, QWidget *ofView);
+
+public Q_SLOTS:
+    void clickedError(QObject *gutter);
 
 private:
-    QVariantList m_syntaxErrors;
+    /// Lines, zero-based, whose highlights are not settled.
+    struct Rows
+    {
+        qsizetype first = 0;
+        qsizetype last = platform::NotFound; ///< Included; NotFound: the last one of all.
+    };
+
+    QMap<quint64, const SMLSyntaxError *> worstErrors() const; ///< By line; borrowed.
+    void setLook(const MGSErrorHighlighter::Look &look);
+    void updateSyntaxErrorsDisplay();
+    void textStorageDidChange();
+    void textStorageDidProcessEditing(platform::TextRange range, qsizetype changeInLength);
+    void settleEdits();
+    void highlightErrors();
+
+    Errors m_syntaxErrors;
     bool m_showsSyntaxErrors = false;
-    bool m_showsIndividualErrors = false;
-    QColor m_highlightingColour = QColor::fromRgbF(1.0F, 1.0F, 0.7F);
+    MGSErrorHighlighter m_highlighter;
+    QPointer<MGSLineNumberView> m_lineNumberView;
+    QPointer<platform::TextView> m_textView;
+    MGSHighlightWriter m_writer;
 };

@@ -105,6 +105,28 @@ MGSAttributedString SMLLayoutManager::attributedStringWithTemporaryAttributesApp
     return result;
 }
 
+void SMLLayoutManager::drawLineBackground(QPainter *painter, qsizetype line, QPointF origin,
+                                          const QRectF &clip)
+{
+    const QColor colour = backgroundOfLine(line);
+    if (colour.isValid())
+        painter->fillRect(clip, colour);
+    else
+        LayoutManager::drawLineBackground(painter, line, origin, clip);
+}
+
+// Long lines have many runs: few of them have a background.
+QColor SMLLayoutManager::backgroundOfLine(qsizetype line) const
+{
+    constexpr TextAttribute key = TextAttribute::BackgroundColor;
+    const TextRange whole = textStorage()->lineRange({textStorage()->lineStart(line), 0});
+    if (whole.isEmpty() || !temporaryAttributes().value(key, whole.location).isValid())
+        return {};
+    TextRange run;
+    const QVariant colour = temporaryAttributes().value(key, whole.location, whole, &run);
+    return run == whole ? colour.value<QColor>() : QColor();
+}
+
 void SMLLayoutManager::drawLine(QPainter *painter, qsizetype line, QPointF origin,
                                 const QRectF &clip)
 {

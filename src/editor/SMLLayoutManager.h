@@ -42,6 +42,9 @@ public:
     /// The text with its temporary attributes but the background, which marks errors and no syntax.
     MGSAttributedString attributedStringWithTemporaryAttributesApplied() const;
 
+    /// A background that a whole line has reaches from edge to edge.
+    void drawLineBackground(QPainter *painter, qsizetype line, QPointF origin,
+                            const QRectF &clip) override;
     void drawLine(QPainter *painter, qsizetype line, QPointF origin, const QRectF &clip) override;
 
 private:
@@ -51,6 +54,7 @@ private:
     void drawInvisibleCharacters(QPainter *painter, qsizetype line, QPointF origin,
                                  const QRectF &clip);
     void drawSign(QPainter *painter, Sign sign, const QRectF &place) const;
+    QColor backgroundOfLine(qsizetype line) const; ///< Invalid unless all of the line has it.
     void drawErrorUnderlines(QPainter *painter, qsizetype line, QPointF origin, const QRectF &clip);
 
     bool m_showsInvisibleCharacters = false;

@@ -142,6 +142,7 @@ protected:
     void viewWillDraw(const QRectF &dirty) override;
     void willDrawText(platform::TextRange characters) override;
     void drawViewBackground(QPainter *painter, const QRectF &dirty) override;
+    void drawBehindText(QPainter *painter, const QRectF &dirty) override;
     void drawOverText(QPainter *painter, const QRectF &dirty) override;
     platform::TextRange selectionRange(platform::TextRange proposed, qsizetype clicked,
                                        platform::TextGranularity granularity) override;

@@ -190,6 +190,11 @@ void SMLTextView::drawViewBackground(QPainter *painter, const QRectF &dirty)
     TextView::drawViewBackground(painter, dirty);
     if (m_currentLineRect.intersects(dirty))
         painter->fillRect(m_currentLineRect, m_currentLineHighlightColour);
+}
+
+void SMLTextView::drawBehindText(QPainter *painter, const QRectF &dirty)
+{
+    TextView::drawBehindText(painter, dirty);
     m_tagHighlight->draw(painter);
     m_colourSwatches->draw(painter);
 }
