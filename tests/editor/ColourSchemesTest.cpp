@@ -181,7 +181,8 @@ TEST_F(ColourSchemes, FilesOfAnyShapeAreReadOrLeftOut)
 TEST(ShippedColourSchemes, AreReadable)
 {
     const support::TemporaryHome home;
-    const MGSColourSchemeController controller;
+    const MGSColourSchemeController controller(
+        nullptr, {{u":/layoutsmith/ZQFragariaResources.bundle"_s}, home.path()});
     EXPECT_GE(controller.colourSchemes().size(), 8);
     int darkOnes = 0;
     for (const auto &scheme : controller.colourSchemes()) {
