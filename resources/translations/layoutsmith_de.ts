@@ -328,6 +328,10 @@
 <context>
     <name>LSMPreferencesPanelController</name>
     <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
         <source>&amp;Finder label:</source>
         <translation>&amp;Finder-Etikett:</translation>
     </message>
@@ -476,6 +480,275 @@
     </message>
 </context>
 <context>
+    <name>MGSPrefsCommonViews</name>
+    <message>
+        <source>Restore Defaults…</source>
+        <translation>Standard wiederherstellen …</translation>
+    </message>
+</context>
+<context>
+    <name>MGSPrefsEditorProperties</name>
+    <message>
+        <source>Editing:</source>
+        <translation>Bearbeiten:</translation>
+    </message>
+    <message>
+        <source>Color the code</source>
+        <translation>Code einfärben</translation>
+    </message>
+    <message>
+        <source>Highlight the current line</source>
+        <translation>Aktuelle Zeile hervorheben</translation>
+    </message>
+    <message>
+        <source>Show the matching bracket</source>
+        <translation>Zugehörige Klammer zeigen</translation>
+    </message>
+    <message>
+        <source>Show invisible characters</source>
+        <translation>Unsichtbare Zeichen zeigen</translation>
+    </message>
+    <message>
+        <source>Wrap lines</source>
+        <translation>Zeilen umbrechen</translation>
+    </message>
+    <message>
+        <source>at the page guide</source>
+        <translation>an der Seitenlinie</translation>
+    </message>
+    <message>
+        <source>Show a page guide at column</source>
+        <translation>Seitenlinie zeigen in Spalte</translation>
+    </message>
+    <message>
+        <source>Column of the page guide</source>
+        <translation>Spalte der Seitenlinie</translation>
+    </message>
+    <message>
+        <source>Show errors</source>
+        <translation>Fehler zeigen</translation>
+    </message>
+    <message>
+        <source>Underline what is wrong</source>
+        <translation>Falsches unterstreichen</translation>
+    </message>
+    <message>
+        <source>Line height:</source>
+        <translation>Zeilenhöhe:</translation>
+    </message>
+    <message>
+        <source>automatic</source>
+        <translation>automatisch</translation>
+    </message>
+    <message>
+        <source>Gutter:</source>
+        <translation>Randspalte:</translation>
+    </message>
+    <message>
+        <source>Show the gutter</source>
+        <translation>Randspalte zeigen</translation>
+    </message>
+    <message>
+        <source>Show line numbers</source>
+        <translation>Zeilennummern zeigen</translation>
+    </message>
+    <message>
+        <source>Width at least:</source>
+        <translation>Breite mindestens:</translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>Completion:</source>
+        <translation>Vervollständigen:</translation>
+    </message>
+    <message>
+        <source>Suggest while typing, after</source>
+        <translation>Beim Tippen vorschlagen, nach</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Delay of suggestions</source>
+        <translation>Wartezeit bis zu Vorschlägen</translation>
+    </message>
+    <message>
+        <source>Suggest the language&apos;s keywords</source>
+        <translation>Schlüsselwörter der Sprache vorschlagen</translation>
+    </message>
+    <message>
+        <source>Insert closing parentheses</source>
+        <translation>Schließende Klammern einsetzen</translation>
+    </message>
+    <message>
+        <source>Insert closing braces</source>
+        <translation>Schließende geschweifte Klammern einsetzen</translation>
+    </message>
+    <message>
+        <source>Indenting:</source>
+        <translation>Einrücken:</translation>
+    </message>
+    <message>
+        <source>Tab width:</source>
+        <translation>Tabulatorbreite:</translation>
+    </message>
+    <message>
+        <source>Indent width:</source>
+        <translation>Einzugsbreite:</translation>
+    </message>
+    <message>
+        <source>Indent with spaces</source>
+        <translation>Mit Leerzeichen einrücken</translation>
+    </message>
+    <message>
+        <source>Indent to the next tab stop</source>
+        <translation>Bis zum nächsten Tabulator einrücken</translation>
+    </message>
+    <message>
+        <source>Indent new lines automatically</source>
+        <translation>Neue Zeilen selbsttätig einrücken</translation>
+    </message>
+    <message>
+        <source>Indent braces automatically</source>
+        <translation>Geschweifte Klammern selbsttätig einrücken</translation>
+    </message>
+    <message>
+        <source>Font:</source>
+        <translation>Schrift:</translation>
+    </message>
+    <message>
+        <source>Font of the code</source>
+        <translation>Schrift des Codes</translation>
+    </message>
+</context>
+<context>
+    <name>MGSPrefsColourProperties</name>
+    <message>
+        <source>Scheme:</source>
+        <translation>Schema:</translation>
+    </message>
+    <message>
+        <source>Editor:</source>
+        <translation>Editor:</translation>
+    </message>
+    <message>
+        <source>Text:</source>
+        <translation>Text:</translation>
+    </message>
+    <message>
+        <source>Background:</source>
+        <translation>Hintergrund:</translation>
+    </message>
+    <message>
+        <source>Current line:</source>
+        <translation>Aktuelle Zeile:</translation>
+    </message>
+    <message>
+        <source>Insertion point:</source>
+        <translation>Einfügemarke:</translation>
+    </message>
+    <message>
+        <source>Invisible characters:</source>
+        <translation>Unsichtbare Zeichen:</translation>
+    </message>
+    <message>
+        <source>Errors:</source>
+        <translation>Fehler:</translation>
+    </message>
+    <message>
+        <source>Code:</source>
+        <translation>Code:</translation>
+    </message>
+    <message>
+        <source>Attributes</source>
+        <translation>Attribute</translation>
+    </message>
+    <message>
+        <source>Completions</source>
+        <translation>Vervollständigungen</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation>Kommentare</translation>
+    </message>
+    <message>
+        <source>Instructions</source>
+        <translation>Anweisungen</translation>
+    </message>
+    <message>
+        <source>Keywords</source>
+        <translation>Schlüsselwörter</translation>
+    </message>
+    <message>
+        <source>Numbers</source>
+        <translation>Zahlen</translation>
+    </message>
+    <message>
+        <source>Strings</source>
+        <translation>Zeichenketten</translation>
+    </message>
+    <message>
+        <source>Variables</source>
+        <translation>Variablen</translation>
+    </message>
+    <message>
+        <source>Color of attributes</source>
+        <translation>Farbe der Attribute</translation>
+    </message>
+    <message>
+        <source>Color of completions</source>
+        <translation>Farbe der Vervollständigungen</translation>
+    </message>
+    <message>
+        <source>Color of commands</source>
+        <translation>Farbe der Befehle</translation>
+    </message>
+    <message>
+        <source>Color of comments</source>
+        <translation>Farbe der Kommentare</translation>
+    </message>
+    <message>
+        <source>Color of instructions</source>
+        <translation>Farbe der Anweisungen</translation>
+    </message>
+    <message>
+        <source>Color of keywords</source>
+        <translation>Farbe der Schlüsselwörter</translation>
+    </message>
+    <message>
+        <source>Color of numbers</source>
+        <translation>Farbe der Zahlen</translation>
+    </message>
+    <message>
+        <source>Color of strings</source>
+        <translation>Farbe der Zeichenketten</translation>
+    </message>
+    <message>
+        <source>Color of variables</source>
+        <translation>Farbe der Variablen</translation>
+    </message>
+    <message>
+        <source>Other:</source>
+        <translation>Weiteres:</translation>
+    </message>
+    <message>
+        <source>Color strings over several lines</source>
+        <translation>Zeichenketten über mehrere Zeilen einfärben</translation>
+    </message>
+    <message>
+        <source>Color what is not closed to the end of its line only</source>
+        <translation>Nicht Geschlossenes nur bis zum Zeilenende einfärben</translation>
+    </message>
+</context>
+<context>
     <name>LSMValuesViewController</name>
     <message>
         <source>Add a value</source>
@@ -492,6 +765,50 @@
 </context>
 <context>
     <name>Localizable</name>
+    <message>
+        <source>What you have set on this page will be lost.</source>
+        <translation>Was Sie auf dieser Seite eingestellt haben, geht verloren.</translation>
+    </message>
+    <message>
+        <source>Until you choose colors, they follow light and dark.</source>
+        <translation>Bis Sie Farben wählen, richten sie sich nach Hell und Dunkel.</translation>
+    </message>
+    <message>
+        <source>Restore the defaults?</source>
+        <translation>Standard wiederherstellen?</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message>
+        <source>Colors</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>%@ - %@pt</source>
+        <translation>%@ – %@ pt</translation>
+    </message>
+    <message>
+        <source>Keywords of the design</source>
+        <translation>Stichwörter des Designs</translation>
+    </message>
+    <message>
+        <source>Edit the list of known keywords</source>
+        <translation>Liste der bekannten Stichwörter bearbeiten</translation>
+    </message>
+    <message>
+        <source>A design keeps its keywords when they are removed from this list.</source>
+        <translation>Ein Design behält seine Stichwörter, auch wenn sie aus dieser Liste entfernt werden.</translation>
+    </message>
+    <message>
+        <source>“%@” is in the list already.</source>
+        <translation>„%@“ steht schon in der Liste.</translation>
+    </message>
     <message>
         <source>%@ (At character %d.)</source>
         <translation>%@ (Bei Zeichen %d.)</translation>
@@ -583,10 +900,6 @@
     <message>
         <source>A deletion, or its undoing, that was cut short has left this folder; nothing uses it.</source>
         <translation>Ein abgebrochenes Löschen oder Zurückholen hat diesen Ordner hinterlassen; nichts benutzt ihn.</translation>
-    </message>
-    <message>
-        <source>A design keeps its keywords when they are removed from this list.</source>
-        <translation>Ein Design behält seine Stichwörter, auch wenn sie aus dieser Liste entfernt werden.</translation>
     </message>
     <message>
         <source>A design must be a folder, and this is none.</source>
@@ -909,10 +1222,6 @@
         <translation>Dupliziert das ausgewählte Design.</translation>
     </message>
     <message>
-        <source>Edit the list of known keywords</source>
-        <translation>Liste der bekannten Stichwörter bearbeiten</translation>
-    </message>
-    <message>
         <source>Empty Fields</source>
         <translation>Leere Felder</translation>
     </message>
@@ -1011,10 +1320,6 @@
     <message>
         <source>Keep It</source>
         <translation>Behalten</translation>
-    </message>
-    <message>
-        <source>Keywords of the design</source>
-        <translation>Stichwörter des Designs</translation>
     </message>
     <message>
         <source>Layouts</source>
@@ -1665,10 +1970,6 @@ Eine Werkbank für Angebotsdesigns.</translation>
     <message>
         <source>Yes</source>
         <translation>Ja</translation>
-    </message>
-    <message>
-        <source>“%@” is in the list already.</source>
-        <translation>„%@“ steht schon in der Liste.</translation>
     </message>
     <message>
         <source>“%@” is not a picture that can be read. The design keeps the one that it has.</source>

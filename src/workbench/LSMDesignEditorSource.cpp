@@ -6,55 +6,31 @@
 #include "editor/SMLTextView.h"
 #include "kit/ui/ZQRunAlertPanel.h"
 #include "kit/ui/ZQViewExtensions.h"
-#include "platform/Appearance.h"
 #include "platform/Bundle.h"
 #include "platform/text/view/FindBar.h"
 #include "ui_LSMDesignEditorViewController.h"
 #include "workbench/LSMDesignEditorViewController.h"
+#include "workbench/LSMEditorSettings.h"
 #include "workbench/LSMPlaceholderMenu.h"
 
-#include <QFontDatabase>
 #include <QMenu>
 
 using platform::localized;
-using platform::namedColor;
 using platform::TextRange;
 
 namespace {
 
-constexpr auto editorFontSize = 10.0; // points, at least
 const QString layoutMarker = QStringLiteral("LBLayoutEnabled_");
-
-QFont editorFont()
-{
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setPointSizeF(qMax(editorFontSize, font.pointSizeF()));
-    return font;
-}
 
 } // namespace
 
 void LSMDesignEditorViewController::configureFragariaView()
 {
     MGSFragariaView *view = m_ui->fragariaView;
-    view->setShowsGutter(true);
-    view->setAutoCompleteEnabled(true);
-    view->setAutoCompleteDelay(0.05);
-    view->setHighlightsCurrentLine(true);
-    applyEditorColours();
-    view->setTextFont(editorFont());
-    view->setTabWidth(2);
-    view->setIndentWithSpaces(true);
-    view->setSyntaxDefinitionName(QStringLiteral("HTML"));
-    view->setMarksChangedLines(true);
-    view->setShowsTagPartners(true);
-    view->setShowsColourSwatches(true);
-    view->setFoldsLines(true);
+    new LSMEditorSettings(view);
     view->setTextViewDelegate(this);
     view->textView()->setRichText(false);
     view->textView()->setAccessibleName(localized("HTML of the design"));
-    connect(&platform::Appearance::shared(), &platform::Appearance::colorSchemeDidChange, this,
-            &LSMDesignEditorViewController::applyEditorColours);
 }
 
 QList<QAction *> LSMDesignEditorViewController::textCommands() const
@@ -70,31 +46,6 @@ QMenu *LSMDesignEditorViewController::codeMenu() const
 void LSMDesignEditorViewController::printSource()
 {
     m_ui->fragariaView->textView()->runPrintPanel(m_design->templateName());
-}
-
-// Text and paint are told apart on dark ground by colours of their own.
-void LSMDesignEditorViewController::applyEditorColours()
-{
-    using View = MGSFragariaView;
-    static constexpr std::pair<void (View::*)(const QColor &), const char *> colours[] = {
-        {&View::setBackgroundColor, "codeEditorBackground"},
-        {&View::setGutterBackgroundColour, "codeEditorGutterBackgroundColour"},
-        {&View::setGutterTextColour, "codeEditorGutterTextColour"},
-        {&View::setCurrentLineHighlightColour, "codeEditorCurrentLineHighlightColour"},
-        {&View::setTextColor, "codeEditorTextColor"},
-        {&View::setInsertionPointColor, "codeEditorTextColor"},
-        {&View::setColourForAttributes, "codeEditorAttributes"},
-        {&View::setColourForAutocomplete, "codeEditorAutocomplete"},
-        {&View::setColourForCommands, "codeEditorCommands"},
-        {&View::setColourForComments, "codeEditorComments"},
-        {&View::setColourForInstructions, "codeEditorInstructions"},
-        {&View::setColourForKeywords, "codeEditorKeywords"},
-        {&View::setColourForNumbers, "codeEditorNumbers"},
-        {&View::setColourForStrings, "codeEditorStrings"},
-        {&View::setColourForVariables, "codeEditorVariables"},
-    };
-    for (const auto &[set, name] : colours)
-        (m_ui->fragariaView->*set)(namedColor(QLatin1StringView(name)));
 }
 
 void LSMDesignEditorViewController::populatePlaceholderMenu()

@@ -99,7 +99,6 @@ private:
     void configureFields();
     void configureSplitter();
     void configureFragariaView();
-    void applyEditorColours();
     void populatePlaceholderMenu();
     void updateLayoutPopupForTemplate(LSMDesignTemplate *design);
     void layoutMenuSelected(platform::TextRange range);

@@ -1,5 +1,9 @@
 #include "workbench/LSMPreferencesPanelController.h"
 
+#include "editor/MGSPrefsColourPropertiesViewController.h"
+#include "editor/MGSPrefsEditorPropertiesViewController.h"
+#include "editor/MGSUserDefaultsController.h"
+#include "kit/ui/TintedIcon.h"
 #include "kit/ui/ZQRunAlertPanel.h"
 #include "library/LSMLotbookConfig.h"
 #include "platform/Appearance.h"
@@ -79,6 +83,7 @@ void LSMPreferencesPanelController::windowDidLoad()
 {
     populateLotbookVersionPopup();
     populateFinderLabelPopup();
+    addEditorPages();
     UserDefaults &defaults = UserDefaults::standardUserDefaults();
     connect(m_ui->lotbookVersionPopup, &QComboBox::activated, this,
             &LSMPreferencesPanelController::lotbookVersionPopupChanged);
@@ -91,6 +96,18 @@ void LSMPreferencesPanelController::windowDidLoad()
             [this] { populateFinderLabelPopup(); });
     connect(new QShortcut(QKeySequence::Close, m_window), &QShortcut::activated, m_window,
             &QDialog::close);
+}
+
+void LSMPreferencesPanelController::addEditorPages()
+{
+    QTabWidget *pages = m_ui->pages;
+    pages->setTabIcon(0, zq::tintedIcon(QStringLiteral("PrefsGeneral")));
+    const std::initializer_list<MGSPrefsViewController *> editorPages = {
+        new MGSPrefsEditorPropertiesViewController, new MGSPrefsColourPropertiesViewController};
+    for (MGSPrefsViewController *page : editorPages) {
+        page->setUserDefaultsController(MGSUserDefaultsController::sharedController());
+        pages->addTab(page, page->toolbarItemImage(), page->toolbarItemLabel());
+    }
 }
 
 void LSMPreferencesPanelController::settingDidChange(const QString &key)

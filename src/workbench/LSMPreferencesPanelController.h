@@ -8,10 +8,10 @@ namespace Ui {
 class LSMPreferencesPanelController;
 }
 
-/// The preferences: which Lotbook version the program works with, and which label the folders of
-/// paid designs get. One shared object, made on first use; its window belongs to the window that it
-/// was first shown for, goes with that and is loaded again when next asked for. Both choices follow
-/// the user defaults while it is open. Main thread.
+/// The preferences: which Lotbook version the program works with, which label the folders of paid
+/// designs get, and on pages of their own the settings of the code editor. One shared object, made
+/// on first use; its window belongs to the window that it was first shown for, goes with that and
+/// is loaded again when next asked for. All follow the user defaults while it is open. Main thread.
 class LSMPreferencesPanelController : public QObject
 {
     Q_OBJECT
@@ -30,6 +30,7 @@ private:
     void windowDidLoad();
     void populateLotbookVersionPopup();
     void populateFinderLabelPopup();
+    void addEditorPages();
 
     /// Asks; the version changes with a restart, so agreeing to it quits the program.
     void lotbookVersionPopupChanged();

@@ -1,11 +1,23 @@
+#include "editor/MGSColourWell.h"
+#include "editor/MGSFragariaView.h"
+#include "editor/MGSLineNumberView.h"
 #include "library/LSMLotbookConfig.h"
+#include "platform/Appearance.h"
 #include "platform/UserDefaults.h"
 #include "workbench/LSMPreferencesPanelController.h"
 #include "workbench/WorkbenchFixture.h"
 
+#include <QCheckBox>
+#include <QColorDialog>
 #include <QComboBox>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabBar>
 #include <QTest>
 
+using platform::Appearance;
+using platform::ColorScheme;
+using platform::namedColor;
 using platform::UserDefaults;
 
 class PreferencesTest : public WorkbenchTest
@@ -36,6 +48,24 @@ protected:
         for (int index = 0; index < popup->count(); ++index)
             titles << popup->itemText(index);
         return titles;
+    }
+    template <class Control>
+    static Control *setting(const char *name)
+    {
+        return panel()->findChild<Control *>(QString::fromLatin1(name));
+    }
+    MGSFragariaView *code() const { return child<MGSFragariaView>("fragariaView"); }
+    static void turn(const char *choice)
+    {
+        Appearance::shared().setChoice(QString::fromLatin1(choice));
+    }
+    static void chooseColour(const char *well, const QColor &colour)
+    {
+        QTest::keyClick(setting<MGSColourWell>(well), Qt::Key_Space);
+        auto *dialog = panel()->findChild<QColorDialog *>();
+        ASSERT_TRUE(dialog && dialog->isVisible());
+        dialog->setCurrentColor(colour);
+        QTest::keyClick(dialog, Qt::Key_Return);
     }
     static QVariant stored(const char *key)
     {
@@ -136,4 +166,101 @@ TEST_F(PreferencesTest, AnUnknownVersionSelectsNoneAndTheOneWindowComesBack)
     EXPECT_TRUE(first->isVisible());
     quit();
     EXPECT_FALSE(panel()) << "it goes with the main window";
+}
+
+TEST_F(PreferencesTest, PagesAreTurnedByKeyboard)
+{
+    open();
+    auto *tabs = panel()->findChild<QTabBar *>();
+    ASSERT_EQ(tabs->count(), 3);
+    EXPECT_EQ(tabs->tabText(0), QStringLiteral("General"));
+    EXPECT_EQ(tabs->tabText(1), QStringLiteral("Editor"));
+    EXPECT_EQ(tabs->tabText(2), QStringLiteral("Colors"));
+    for (int page = 0; page < 3; ++page)
+        EXPECT_FALSE(tabs->tabIcon(page).isNull());
+    giveFocus(tabs);
+    QTest::keyClick(tabs, Qt::Key_Right);
+    EXPECT_TRUE(setting<QCheckBox>("lineWrapBox")->isVisible());
+    QTest::keyClick(tabs, Qt::Key_Right);
+    EXPECT_TRUE(setting<MGSColourWell>("textColorWell")->isVisible());
+}
+
+TEST_F(PreferencesTest, TheEditorsOwnSettingsHoldUntilTheUserChangesThem)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    open();
+    EXPECT_EQ(setting<QSpinBox>("tabWidthField")->value(), 2);
+    EXPECT_TRUE(setting<QCheckBox>("indentWithSpacesBox")->isChecked());
+    EXPECT_FALSE(stored("Global").isValid()) << "nothing was chosen";
+    QTest::keyClick(setting<QSpinBox>("tabWidthField"), Qt::Key_Up);
+    QTest::keyClick(setting<QCheckBox>("showsGutterBox"), Qt::Key_Space);
+    EXPECT_EQ(stored("Global").toMap().keys(),
+              QStringList({QStringLiteral("showsGutter"), QStringLiteral("tabWidth")}));
+    quit();
+    launch();
+    EXPECT_EQ(code()->tabWidth(), 3);
+    EXPECT_FALSE(code()->showsGutter());
+    EXPECT_TRUE(code()->highlightsCurrentLine());
+    EXPECT_EQ(code()->autoCompleteDelay(), 0.05);
+}
+
+TEST_F(PreferencesTest, ASchemeThatWasChosenStays)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    turn("light");
+    open();
+    QComboBox *schemes = popup("schemeMenu");
+    schemes->setFocus();
+    QTest::keyClicks(schemes, QStringLiteral("Pine"));
+    ASSERT_EQ(schemes->currentText(), QStringLiteral("Pine Night"));
+    const QColor ground = code()->backgroundColor();
+    const QColor strings = code()->colourForStrings();
+    EXPECT_LT(ground.lightness(), 60);
+    turn("dark");
+    quit();
+    launch();
+    turn("light");
+    EXPECT_EQ(code()->backgroundColor(), ground);
+    EXPECT_EQ(code()->colourForStrings(), strings);
+    pressShortcut("actionPreferences");
+    EXPECT_EQ(popup("schemeMenu")->currentText(), QStringLiteral("Pine Night"));
+
+    const support::AlertAnswers answers;
+    for (QPushButton *button :
+         panel()->findChildren<QPushButton *>(QStringLiteral("restoreButton")))
+        button->click();
+    EXPECT_EQ(popup("schemeMenu")->currentText(), QStringLiteral("Layoutsmith Light"));
+    EXPECT_EQ(stored("Global"), QVariantMap());
+}
+
+TEST_F(PreferencesTest, ColoursFollowLightAndDarkUntilOneIsChosen)
+{
+    const QString background = QStringLiteral("codeEditorBackground");
+    const QString gutter = QStringLiteral("codeEditorGutterBackgroundColour");
+    writeDesign(QStringLiteral("Alpha"));
+    turn("light");
+    open();
+    turn("dark");
+    EXPECT_EQ(code()->backgroundColor(), namedColor(background, ColorScheme::Dark));
+    EXPECT_EQ(code()->gutterBackgroundColour(), namedColor(gutter, ColorScheme::Dark));
+    EXPECT_EQ(setting<MGSColourWell>("backgroundColorWell")->color(), code()->backgroundColor());
+    EXPECT_EQ(popup("schemeMenu")->currentText(), QStringLiteral("Layoutsmith Dark"));
+    turn("light");
+    EXPECT_EQ(popup("schemeMenu")->currentText(), QStringLiteral("Layoutsmith Light"));
+    EXPECT_EQ(code()->backgroundColor(), namedColor(background, ColorScheme::Light));
+
+    const QColor chosen(250, 240, 230);
+    chooseColour("backgroundColorWell", chosen);
+    const QColor text = code()->textColor();
+    for (const char *choice : {"dark", "light", "dark"}) {
+        turn(choice);
+        EXPECT_EQ(code()->backgroundColor(), chosen);
+        EXPECT_EQ(code()->textColor(), text);
+        EXPECT_GT(code()->gutterBackgroundColour().lightness(), 200);
+    }
+    quit();
+    launch();
+    EXPECT_EQ(code()->backgroundColor(), chosen);
+    EXPECT_EQ(code()->textColor(), text);
+    EXPECT_GT(code()->gutterBackgroundColour().lightness(), 200);
 }
