@@ -56,10 +56,12 @@ void LineLayout::cut(const QString &text, std::vector<LinePiece> &pieces) const
     pieces.emplace_back(start == 0 ? text : text.mid(start), m_style);
 }
 
-qsizetype LineLayout::rowCount() const
+qsizetype LineLayout::rowCount()
 {
     if (!isWrapped())
         return 1;
+    if (m_pieces.size() == 1 && !m_pieces.front().isLaidOut())
+        laidOut(first());
     qsizetype rows = 0;
     for (const LinePiece &piece : m_pieces)
         rows += piece.rowCount();

@@ -24,8 +24,8 @@ public:
     static qsizetype longestPiece(const LineStyle &style);
 
     qsizetype length() const { return m_length; }
-    qsizetype rowCount() const;
-    qreal height() const { return qreal(rowCount()) * m_style.rowHeight; }
+    qsizetype rowCount();
+    qreal height() { return qreal(rowCount()) * m_style.rowHeight; }
     qreal width() const; ///< Of the longest row.
 
     // Rows. An offset at a soft break is in the former row when upstream.

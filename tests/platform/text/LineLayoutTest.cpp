@@ -106,6 +106,19 @@ TEST_P(LineLayoutTest, AnEditLeavesWhatLayingOutAnewWouldGive)
     }
 }
 
+// Who paints goes from line to line by their heights.
+TEST_P(LineLayoutTest, TheHeightOfALineOfUsualLengthHoldsFromTheStart)
+{
+    std::minstd_rand random(5);
+    for (int i = 0; i < 30; ++i) {
+        LineLayout line(randomLine(random, 100 * i), style, formats);
+        const qreal height = line.height();
+        for (qsizetype offset = 0; offset <= line.length(); ++offset)
+            line.caretRect(offset);
+        ASSERT_EQ(line.height(), height);
+    }
+}
+
 TEST_P(LineLayoutTest, SelectionsCoverWhatIsBetweenTheCarets)
 {
     LineLayout line(u"one שתיים two"_s, style, formats);

@@ -64,6 +64,7 @@ void FindBar::makeCommands()
         auto *action = new QAction(localized(command.text), this);
         action->setShortcut(QKeySequence(QLatin1StringView(command.keys)));
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        connect(action, &QAction::triggered, this, &FindBar::commandWillAct);
         connect(action, &QAction::triggered, this, command.slot);
         addAction(action);
         m_view->addAction(action);

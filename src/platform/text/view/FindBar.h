@@ -32,7 +32,7 @@ public:
     TextFinder *finder() { return &m_finder; }
 
     /// The commands for a menu, Ctrl+F, Ctrl+H, F3 and Shift+F3. They work in the view and the bar
-    /// as they are.
+    /// as they are; who wants more gives them another shortcut context.
     const QList<QAction *> &commands() const { return m_commands; }
 
 public Q_SLOTS:
@@ -44,6 +44,9 @@ public Q_SLOTS:
     void replace();    ///< The selected match, and selects the next; else selects the next.
     void replaceAll(); ///< As one step of undo.
     void closeBar();
+
+Q_SIGNALS:
+    void commandWillAct(); ///< Who has the view on a page that is not in front brings it there.
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

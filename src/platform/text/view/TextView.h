@@ -142,7 +142,7 @@ public:
     QColor backgroundColor() const;
     void setInsertionPointColor(const QColor &color);
     QColor insertionPointColor() const;
-    QColor selectionColor() const; ///< The palette's, softened so that coloured text can be read.
+    QColor selectionColor() const; ///< Soft, so that coloured text can be read.
 
     /// A widget at the left of the text that scrolls with it (line numbers); taken over. Is asked
     /// for its width by `sizeHint`.

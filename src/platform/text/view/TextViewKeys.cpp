@@ -121,6 +121,7 @@ constexpr Binding furtherBindings[] = {
     {alt | shift | Qt::Key_Down, call<&TextView::addCaretBelow>},
     {control | Qt::Key_D, call<&TextView::selectNextOccurrence>},
     {control | Qt::Key_Equal, zoom<1>}, // where "+" needs the shift key
+    {control | shift | Qt::Key_Plus, zoom<1>},
     {control | Qt::Key_0, zoom<0>},
     {Qt::Key_Escape, call<&TextView::selectOne>, Need::Selection},
 };

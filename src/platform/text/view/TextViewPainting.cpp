@@ -11,7 +11,8 @@ namespace platform {
 
 namespace {
 
-constexpr qreal selectionStrength = 0.35; // of the palette's colour over the background
+constexpr qreal selectionStrength = 0.32; // of the palette's link colour over the background
+constexpr qreal inactiveSelectionStrength = 0.16; // of the text's colour
 
 QColor mixed(const QColor &one, const QColor &other, qreal part)
 {
@@ -64,8 +65,9 @@ QColor TextView::insertionPointColor() const
 
 QColor TextView::selectionColor() const
 {
-    const auto group = hasFocus() ? QPalette::Active : QPalette::Inactive;
-    return mixed(palette().color(group, QPalette::Highlight), backgroundColor(), selectionStrength);
+    if (!hasFocus())
+        return mixed(textColor(), backgroundColor(), inactiveSelectionStrength);
+    return mixed(palette().color(QPalette::Link), backgroundColor(), selectionStrength);
 }
 
 void TextView::changeEvent(QEvent *event)
