@@ -14,7 +14,8 @@ void ObservableDictionary::setValue(const QString &key, const QVariant &value)
     const QVariant old = found == m_values.constEnd() ? QVariant() : *found;
     if (old.typeId() == value.typeId() && old == value)
         return;
-    const QString changedKey = key; // the caller's may live in the map
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the caller's may live in the map
+    const QString changedKey = key;
     if (value.isValid())
         m_values.insert(key, value);
     else

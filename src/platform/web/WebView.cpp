@@ -11,9 +11,14 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+using namespace std::chrono_literals;
+
 namespace platform {
 
 namespace {
+
+constexpr auto longestCurtain = 500ms; // of a page that waits for the network
+constexpr auto drawing = 60ms;         // from the end of loading to the page on screen
 
 QString modulePath()
 {
@@ -40,6 +45,7 @@ WebView::WebView(QWidget *parent) : QWidget(parent)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    m_curtainTime.setSingleShot(true);
 }
 
 WebView::~WebView() = default;
@@ -71,9 +77,26 @@ void WebView::loadPending()
         startEngine();
     if (!m_engine)
         return;
+    const auto scroll = std::exchange(m_pendingScroll, DocumentScroll::Keep);
+    if (m_hasPage && scroll == DocumentScroll::Keep)
+        showCurtain();
     m_loading = true;
-    m_engine->load(std::exchange(m_pendingData, {}), m_pendingMimeType, m_pendingEncoding,
-                   std::exchange(m_pendingScroll, DocumentScroll::Keep));
+    m_engine->load(std::exchange(m_pendingData, {}), m_pendingMimeType, m_pendingEncoding, scroll);
+}
+
+// An empty page flashes between two documents.
+void WebView::showCurtain()
+{
+    m_curtain->setPixmap(picture());
+    m_curtain->setGeometry(m_engine->widget()->geometry());
+    m_curtain->raise();
+    m_curtain->show();
+    m_curtainTime.start(longestCurtain);
+}
+
+QPixmap WebView::picture() const
+{
+    return m_engine ? m_engine->widget()->grab() : QPixmap();
 }
 
 void WebView::loadPendingWhenIdle()
@@ -110,12 +133,14 @@ void WebView::setZoomFactor(double factor)
 void WebView::startEngine()
 {
     m_started = true;
+    window()->move(window()->pos()); // a window that the engine makes anew stays where it is
     if (WebViewEngineFactory *factory = engineFactory())
         m_engine = factory->makeEngine(this);
     if (!m_engine) {
         auto *note =
             new QLabel(localized("The preview needs the module \"layoutsmith_web\", which is "
                                  "not installed."));
+        note->setObjectName(QStringLiteral("note"));
         note->setWordWrap(true);
         note->setAlignment(Qt::AlignCenter);
         note->setMargin(24);
@@ -123,14 +148,21 @@ void WebView::startEngine()
         return;
     }
     layout()->addWidget(m_engine->widget());
+    m_curtain = new QLabel(this);
+    m_curtain->hide();
+    connect(&m_curtainTime, &QTimer::timeout, m_curtain, &QWidget::hide);
     setFocusProxy(m_engine->widget());
     m_engine->setZoomFactor(m_zoomFactor);
     m_engine->loadFinished = [this](bool succeeded) {
         m_loading = false;
+        m_hasPage = true;
+        m_curtainTime.start(drawing);
         Q_EMIT loadFinished(succeeded);
     };
     m_engine->renderProcessDidTerminate = [this] {
         m_loading = false;
+        m_hasPage = false;
+        m_curtain->hide();
         Q_EMIT renderProcessDidTerminate();
     };
     m_engine->linkClicked = [](const QUrl &url) {

@@ -3,11 +3,16 @@
 #include "platform/web/WebViewEngine.h"
 
 #include <memory>
+#include <QPixmap>
+#include <QTimer>
 #include <QWidget>
+
+class QLabel;
 
 namespace platform {
 
-/// Shows one in-memory document. The engine behind it is a module of its own, loaded once the view
+/// Shows one in-memory document; the picture of the former stands until the next is drawn, if that
+/// keeps its place. The engine behind it is a module of its own, loaded once the view
 /// has a document and its window has been painted: programs and tests that never show a page pay
 /// nothing for it. Documents may be of any size; they load over the network what they name
 /// (pictures, styles) but cannot read local files, leave no trace on disk, and links that the user
@@ -32,6 +37,8 @@ public:
 
     bool isLoading() const { return m_loading || m_isPending; }
 
+    QPixmap picture() const; ///< What is in sight of the document; null before the first.
+
     /// 1 is the document's own size; from 0.25 to 5, other values are brought into that range.
     /// Holds for this view and every document in it.
     double zoomFactor() const { return m_zoomFactor; }
@@ -49,6 +56,7 @@ private:
     void startEngine();
     void loadPending();
     void loadPendingWhenIdle();
+    void showCurtain();
 
     std::unique_ptr<WebViewEngine> m_engine;
     QByteArray m_pendingData;
@@ -56,8 +64,11 @@ private:
     QString m_pendingEncoding;
     DocumentScroll m_pendingScroll = DocumentScroll::Keep;
     double m_zoomFactor = 1;
+    QLabel *m_curtain = nullptr; ///< A picture of the page before, over the one that loads.
+    QTimer m_curtainTime;
     bool m_isPending = false;
     bool m_loading = false;
+    bool m_hasPage = false;
     bool m_started = false;
 };
 

@@ -124,6 +124,21 @@ TEST_F(WebViewTest, ShowsDocumentsOfAnySizeAndEncoding)
     EXPECT_FALSE(view.isLoading());
 }
 
+TEST_F(WebViewTest, NothingFlashesBetweenTwoDocuments)
+{
+    const QColor before(0, 0, 255);
+    const QColor after(0, 128, 0);
+    ASSERT_TRUE(show("<body style='background:#0000ff'>"));
+    ASSERT_TRUE(waitForColour(before));
+    view.loadData("<body style='background:#008000'>", "text/html", "utf-8");
+    EXPECT_TRUE(waitUntil([&] {
+        const QColor shown = view.grab().toImage().pixelColor(100, 100);
+        EXPECT_TRUE(shown == before || shown == after) << qPrintable(shown.name());
+        return shown == after;
+    }));
+    EXPECT_EQ(view.picture().toImage().pixelColor(100, 100), after);
+}
+
 TEST_F(WebViewTest, LoadsFromTheNetworkButNotFromTheDisk)
 {
     const QString local = home.path("picture.png");
@@ -344,8 +359,8 @@ TEST(WebViewProcess, DISABLED_ShowsAPage)
     view.resize(300, 200);
     view.loadData("<p>page</p>", "text/html", "utf-8");
     view.show();
-    ASSERT_TRUE(waitUntil([&] { return !finished.isEmpty() || view.findChild<QLabel *>(); }));
-    if (auto *note = view.findChild<QLabel *>())
+    ASSERT_TRUE(waitUntil([&] { return !finished.isEmpty() || view.findChild<QLabel *>("note"); }));
+    if (auto *note = view.findChild<QLabel *>("note"))
         std::printf("note: %s\n", qPrintable(note->text()));
 }
 
