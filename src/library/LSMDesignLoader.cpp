@@ -15,10 +15,10 @@ using Design = std::shared_ptr<LSMDesignTemplate>;
 
 namespace {
 
-Design loadOldVersion(const QString &path, const QString &type)
+Design loadOldVersion(const QString &path, const QString &type, QString &reason)
 {
     if (!QFileInfo(path).isFile()) {
-        platform::log("left out %@: not a file", path);
+        reason = QStringLiteral("not a file");
         return nullptr;
     }
     Design design = LSMDesignTemplate::templateWithTitle(QFileInfo(path).completeBaseName(), path,
@@ -27,15 +27,13 @@ Design loadOldVersion(const QString &path, const QString &type)
     return design;
 }
 
-Design loadBundle(const QString &path, const QString &type)
+Design loadBundle(const QString &path, const QString &type, QString &reason)
 {
     platform::Error error;
     const auto info = PropertyList::read(path + u'/' + infoFile, &error);
     if (info && info->root.typeId() == QMetaType::QVariantMap)
         return LSMDesignTemplate::templateWithDict(info->root.toMap(), path, type, info->format);
-    platform::log("left out %@: %@", path,
-                  error.isNull() ? QStringLiteral("Info.plist holds no dictionary")
-                                 : error.description);
+    reason = error.isNull() ? QStringLiteral("Info.plist holds no dictionary") : error.description;
     return nullptr;
 }
 
@@ -46,14 +44,15 @@ QString extensionOf(const QString &path)
     return dot > 0 ? name.mid(dot + 1) : QString();
 }
 
-Design loadEntry(const QString &path, const QString &type)
+// Null with the reason if it is to be left out.
+Design loadEntry(const QString &path, const QString &type, QString &reason)
 {
     if (!LSMDesignLoader::isReachable(path)) {
-        platform::log("left out %@: its name is not UTF-8", path);
+        reason = QStringLiteral("its name is not UTF-8");
         return nullptr;
     }
-    return extensionOf(path) == oldVersionExtension ? loadOldVersion(path, type)
-                                                    : loadBundle(path, type);
+    return extensionOf(path) == oldVersionExtension ? loadOldVersion(path, type, reason)
+                                                    : loadBundle(path, type, reason);
 }
 
 } // namespace
@@ -82,13 +81,22 @@ bool LSMDesignLoader::isReachable(const QString &path)
     return info.exists() || info.isSymLink();
 }
 
-LSMDesignTemplateGroup::Designs LSMDesignLoader::load(const QString &directory, const QString &type)
+LSMDesignTemplateGroup::Designs LSMDesignLoader::load(const QString &directory, const QString &type,
+                                                      QStringList *leftOut)
 {
     const QStringList paths = candidates(directory);
     LSMDesignTemplateGroup::Designs designs(paths.size());
+    std::vector<QString> reasons(designs.size());
     platform::concurrentPerform(designs.size(), [&](std::size_t index) {
-        designs[index] = loadEntry(paths[qsizetype(index)], type);
+        designs[index] = loadEntry(paths[qsizetype(index)], type, reasons[index]);
     });
+    for (std::size_t index = 0; index < designs.size(); ++index) {
+        if (designs[index])
+            continue;
+        platform::log("left out %@: %@", paths[qsizetype(index)], reasons[index]);
+        if (leftOut)
+            leftOut->append(paths[qsizetype(index)] + QStringLiteral(": ") + reasons[index]);
+    }
     std::erase(designs, nullptr);
     return designs;
 }

@@ -7,9 +7,10 @@
 namespace LSMDesignLoader {
 
 /// The designs directly inside `directory`, in no order. An entry that is no design is ignored, one
-/// that cannot be read is left out with a line in the log; a directory that cannot be read is
-/// empty.
-LSMDesignTemplateGroup::Designs load(const QString &directory, const QString &type);
+/// that cannot be read is left out with a line in the log, which is added to `leftOut` too; a
+/// directory that cannot be read is empty.
+LSMDesignTemplateGroup::Designs load(const QString &directory, const QString &type,
+                                     QStringList *leftOut = nullptr);
 
 /// The paths of the entries that are designs by their names.
 QStringList candidates(const QString &directory);

@@ -34,8 +34,8 @@ QString withTildeExpanded(const QString &path)
 
 LSMDesignTemplateManager::LSMDesignTemplateManager(Watching watching) : m_watching(watching)
 {
-    auto builtin = loadDesignTemplatesFromDir(pathForBuiltinTemplates(), builtinType);
-    auto custom = loadDesignTemplatesFromDir(pathForCustomTemplates(), customType);
+    auto builtin = LSMDesignLoader::load(pathForBuiltinTemplates(), builtinType, &m_leftOut);
+    auto custom = LSMDesignLoader::load(pathForCustomTemplates(), customType, &m_leftOut);
     m_groups.push_back(std::make_unique<LSMDesignTemplateGroup>(
         platform::localized("Custom Designs"), customType, std::move(custom)));
     m_groups.push_back(std::make_unique<LSMDesignTemplateGroup>(

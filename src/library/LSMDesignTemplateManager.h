@@ -39,6 +39,7 @@ public:
     }
     LSMDesignTemplateGroup *designTemplateGroupForType(const QString &type) const;
     const QStringList &keywords() const { return m_keywords; } ///< As they were at start, sorted.
+    const QStringList &leftOut() const { return m_leftOut; } ///< At start: the paths with reasons.
 
     /// Reads the designs directly inside a folder, in no order. What cannot be read is left out,
     /// with a line in the log; a folder that cannot be read is empty.
@@ -121,4 +122,5 @@ private:
     QSet<LSMDesignTemplate *> m_askedFor; ///< The delegate, which has not answered yet.
     std::vector<std::unique_ptr<LSMDesignTemplateGroup>> m_groups;
     QStringList m_keywords;
+    QStringList m_leftOut;
 };
