@@ -1690,8 +1690,8 @@
         <translation>Zum Beispiel 8.2</translation>
     </message>
     <message>
-        <source>Such as 9.90</source>
-        <translation>Zum Beispiel 9.90</translation>
+        <source>Not a price yet; such as 9.90</source>
+        <translation>Noch kein Preis; zum Beispiel 9.90</translation>
     </message>
     <message>
         <source>Such as https://www.example.com</source>
@@ -1978,6 +1978,26 @@ Eine Werkbank für Angebotsdesigns.</translation>
     <message>
         <source>“%@” was deleted.</source>
         <translation>„%@“ wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>“%@” could not be saved: %@</source>
+        <translation>„%@“ konnte nicht gesichert werden: %@</translation>
+    </message>
+    <message>
+        <source>“%@” was saved.</source>
+        <translation>„%@“ wurde gesichert.</translation>
+    </message>
+    <message>
+        <source>Could not be saved: %@</source>
+        <translation>Konnte nicht gesichert werden: %@</translation>
+    </message>
+    <message>
+        <source>The picture cannot be read</source>
+        <translation>Das Bild ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>%@, %@ could not be read</source>
+        <translation>%@, %@ nicht lesbar</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,7 @@
 
 #include <QFontDialog>
 #include <QFontInfo>
+#include <QLocale>
 
 MGSFontWell::MGSFontWell(QWidget *parent) : QPushButton(parent)
 {

@@ -105,6 +105,7 @@ void LSMDesignCommands::duplicate()
     copy->setTemplatePath({});
     copy->setTemplateShouldBeSaved(true);
     insertDesign(std::move(copy));
+    m_editor->editName();
 }
 
 bool LSMDesignCommands::canSaveDesign(LSMDesignTemplate *design)
@@ -130,10 +131,13 @@ bool LSMDesignCommands::saveDesign(LSMDesignTemplate *design)
     platform::Error error;
     if (!m_manager->saveDesignTemplate(design, &error)) {
         platform::log("could not save \"%@\": %@", design->templateName(), error.description);
+        Q_EMIT didTell(platform::format(localized("“%@” could not be saved: %@"),
+                                        design->templateName(), error.description));
         return false;
     }
     design->setTemplateShouldBeSaved(false);
     Q_EMIT editedStateDidChange(m_manager->hasUnsavedDesigns());
+    Q_EMIT didTell(platform::format(localized("“%@” was saved."), design->templateName()));
     return true;
 }
 
@@ -152,10 +156,14 @@ void LSMDesignCommands::save()
 void LSMDesignCommands::saveAll()
 {
     const auto designs = m_manager->designTemplateGroupForType(customType)->designTemplates();
+    QStringList failed;
     for (const auto &design : designs) {
-        if (design->templateShouldBeSaved())
-            saveDesign(design.get());
+        if (design->templateShouldBeSaved() && !saveDesign(design.get()))
+            failed << design->templateName();
     }
+    if (!failed.isEmpty())
+        Q_EMIT didTell(platform::format(localized("Could not be saved: %@"),
+                                        failed.join(QStringLiteral(", "))));
     m_editor->updateFacts();
     Q_EMIT editedStateDidChange(false);
 }

@@ -46,6 +46,7 @@ public:
 Q_SIGNALS:
     void editedStateDidChange(bool edited); ///< By a save: are there unsaved designs?
     void designWasDeleted(const QString &title);
+    void didTell(const QString &text); ///< Of a save, a line for the status bar.
 
 private:
     LSMDesignTemplate *selectedDesign() const;

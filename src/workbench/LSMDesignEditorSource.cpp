@@ -31,6 +31,10 @@ void LSMDesignEditorViewController::configureFragariaView()
     view->setTextViewDelegate(this);
     view->textView()->setRichText(false);
     view->textView()->setAccessibleName(localized("HTML of the design"));
+    for (QAction *command : textCommands())
+        command->setShortcutContext(Qt::WindowShortcut);
+    connect(view->findBar(), &platform::FindBar::commandWillAct, this,
+            [this] { setSelectedTab(HtmlTab); });
 }
 
 QList<QAction *> LSMDesignEditorViewController::textCommands() const

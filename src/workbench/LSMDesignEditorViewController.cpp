@@ -174,7 +174,10 @@ void LSMDesignEditorViewController::reloadData()
     show(m_ui->templateIdentifierTextField, m_design ? m_design->templateIdentifier() : QString());
     updateLayoutPopupForTemplate(m_design);
     showSource();
-    m_ui->designIconImageView->setImage(m_design ? m_design->templateImage() : QImage());
+    m_ui->designIconImageView->setImage(m_design ? m_design->templateImage() : QImage(),
+                                        m_design && !m_design->templateImagePath().isNull()
+                                            ? localized("The picture cannot be read")
+                                            : QString());
     updateEnabling();
     updateFacts();
     reloadPreviewFromSourceCodeTextView();
@@ -187,6 +190,8 @@ void LSMDesignEditorViewController::updateEnabling()
     m_ui->templateNameTextField->setReadOnly(!editable);
     m_ui->templateIdentifierTextField->setReadOnly(!editable);
     m_ui->fragariaView->textView()->setEditable(editable);
+    for (QAction *command : textCommands())
+        command->setEnabled(m_design);
     m_ui->keywordField->setEnabled(editable);
     m_ui->designIconImageView->setEnabled(editable);
     m_ui->choosePictureButton->setEnabled(editable);
@@ -307,6 +312,7 @@ void LSMDesignEditorViewController::cancelLayoutPreviewsOfDesign(const LSMDesign
 void LSMDesignEditorViewController::switchToViewWithSenderTag(QObject *sender)
 {
     setSelectedTab(sender->property("tag").toInt());
+    focusSelectedTab();
 }
 
 QList<QMenu *> LSMDesignEditorViewController::previewMenus() const

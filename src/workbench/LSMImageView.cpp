@@ -43,9 +43,10 @@ LSMImageView::LSMImageView(QWidget *parent) : QWidget(parent)
     setAccessibleName(platform::localized("Picture of the design"));
 }
 
-void LSMImageView::setImage(const QImage &image)
+void LSMImageView::setImage(const QImage &image, const QString &note)
 {
     m_image = image;
+    m_note = note;
     update();
 }
 
@@ -142,8 +143,9 @@ void LSMImageView::paintEvent(QPaintEvent *)
                    QIcon::Disabled);
         painter.drawText(rect().adjusted(12, height() / 2, -12, -8),
                          Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
-                         isEnabled() ? platform::localized("Drop a picture here")
-                                     : platform::localized("No picture"));
+                         !m_note.isEmpty() ? m_note
+                         : isEnabled()     ? platform::localized("Drop a picture here")
+                                           : platform::localized("No picture"));
     } else {
         const QSizeF size = QSizeF(m_image.size()).scaled(frame.size(), Qt::KeepAspectRatio);
         QRectF target(QPointF(), size);

@@ -17,7 +17,8 @@ class LSMImageView : public QWidget
 public:
     explicit LSMImageView(QWidget *parent = nullptr);
 
-    void setImage(const QImage &image); ///< Null shows an invitation to drop one.
+    /// A null one shows `note`, or else an invitation to drop one.
+    void setImage(const QImage &image, const QString &note = {});
     QImage image() const { return m_image; }
 
     /// As if the file had been dropped: posts or beeps. True if it was posted.
@@ -47,5 +48,6 @@ private:
     void notifyWithImageDropped(const QString &path);
 
     QImage m_image;
+    QString m_note;
     bool m_dragIsOver = false;
 };

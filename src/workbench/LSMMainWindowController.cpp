@@ -150,7 +150,11 @@ void LSMMainWindowController::followEditor()
             &LSMMainWindowController::setEdited);
     connect(m_commands, &LSMDesignCommands::designWasDeleted, this, [this](const QString &title) {
         m_deletionNotice->showNotice(platform::format(localized("“%@” was deleted."), title));
+        m_ui->outlineView->setProperty("canUndo", true);
     });
+    connect(m_ui->outlineView, &LSMOutlineView::undoWasAskedFor, this,
+            [this] { undoDeleteAction(); });
+    connect(m_commands, &LSMDesignCommands::didTell, m_statusText, &zq::ElidedLabel::setText);
     connect(m_deletionNotice, &zq::ActionNotice::buttonWasPressed, this,
             [this] { undoDeleteAction(); });
     connect(m_outline, &LSMOutlineViewController::shownDesignsDidChange, this,
@@ -252,6 +256,12 @@ void LSMMainWindowController::updateStatus()
     else
         m_countText->setText(count == 1 ? localized("1 design")
                                         : platform::format(localized("%@ designs"), all));
+    if (const QStringList &leftOut = m_manager->leftOut(); !leftOut.isEmpty()) {
+        m_countText->setText(platform::format(localized("%@, %@ could not be read"),
+                                              m_countText->text(),
+                                              QLocale().toString(leftOut.size())));
+        m_countText->setToolTip(zq::plainToolTip(leftOut.join(u'\n')));
+    }
 }
 
 // The mark in the title is that of the design whose name it follows.
@@ -310,11 +320,6 @@ bool LSMMainWindowController::eventFilter(QObject *watched, QEvent *event)
     }
     if (watched == m_ui->outlineView && key == Qt::Key_Delete) {
         deleteAction();
-        return true;
-    }
-    if (watched == m_ui->outlineView &&
-        static_cast<QKeyEvent *>(event)->matches(QKeySequence::Undo)) {
-        undoDeleteAction();
         return true;
     }
     return false;

@@ -24,7 +24,11 @@ public:
     void setNote(const QString &note); ///< Empty: none.
     QString note() const { return m_note; }
 
+public Q_SLOTS:
+    void undo() { Q_EMIT undoWasAskedFor(); } ///< By the menu, while the property `canUndo` is set.
+
 Q_SIGNALS:
+    void undoWasAskedFor();
     /// By the right button or the keyboard. `onDesign` is false beside the designs.
     void contextMenuWasAskedFor(const QPoint &globalPosition, bool onDesign);
 

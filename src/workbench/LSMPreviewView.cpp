@@ -103,6 +103,17 @@ bool LSMPreviewView::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
+// What finds no room in the bar is in the menu bar still.
+void LSMPreviewView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    QPushButton *const dispensable[] = {m_ui->sizePopup, m_ui->widthPopup};
+    for (QPushButton *button : dispensable)
+        button->show();
+    for (QPushButton *button : dispensable)
+        button->setVisible(m_ui->previewBar->sizeHint().width() <= width());
+}
+
 void LSMPreviewView::showSource(const QString &html, const LSMDesignTemplate *design,
                                 DocumentScroll scroll)
 {
@@ -127,5 +138,5 @@ QImage LSMPreviewView::picture() const
 {
     if (m_ui->previewWebView->isLoading() || m_ui->previewBanner->isVisible())
         return {};
-    return m_ui->previewWebView->grab().toImage();
+    return m_ui->previewWebView->picture().toImage();
 }

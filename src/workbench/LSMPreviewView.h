@@ -40,6 +40,9 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 Q_SIGNALS:
     void pictureWasAskedFor(); ///< By the button: the preview is to be the design's picture.
 

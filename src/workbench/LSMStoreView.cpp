@@ -117,8 +117,9 @@ void LSMStoreView::updateHints()
 {
     const QString price = m_ui->priceField->text();
     const QString address = m_ui->supportUrlField->text();
-    m_ui->priceHint->setText(price.isEmpty() || isPrice(price) ? QString()
-                                                               : localized("Such as 9.90"));
+    const bool isWanted = m_ui->paidSwitch->isChecked() || !price.isEmpty();
+    m_ui->priceHint->setText(
+        isWanted && !isPrice(price) ? localized("Not a price yet; such as 9.90") : QString());
     m_ui->supportUrlHint->setText(address.isEmpty() || isSecureAddress(address)
                                       ? QString()
                                       : localized("Such as https://www.example.com"));

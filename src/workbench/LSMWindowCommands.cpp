@@ -163,6 +163,8 @@ void LSMMainWindowController::undoDeleteAction(QObject *)
 {
     m_deletionNotice->hide();
     m_commands->undoDelete();
+    m_ui->outlineView->setProperty("canUndo", !m_commands->titleOfDeleted().isNull());
+    m_ui->outlineView->setFocus();
 }
 
 bool LSMMainWindowController::validateUndoDeleteAction(QObject *item)

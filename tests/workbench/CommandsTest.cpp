@@ -1,6 +1,8 @@
 #include "workbench/WorkbenchFixture.h"
 
 #include "editor/MGSFragariaView.h"
+#include "editor/SMLTextView.h"
+#include "kit/ui/ElidedLabel.h"
 #include "library/LSMDesignKeys.h"
 #include "platform/NotificationCenter.h"
 #include "platform/PropertyList.h"
@@ -8,11 +10,13 @@
 #include "workbench/LSMNotifications.h"
 
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStackedWidget>
+#include <QStatusBar>
 #include <QTest>
 #include <QTranslator>
 #include <QWindow>
@@ -348,8 +352,35 @@ TEST_F(CommandsTest, AFailedSaveSaysSoAndLosesNothing)
     EXPECT_EQ(answers.shown[0].informativeText,
               QStringLiteral("Failed to save the selected design template."));
     EXPECT_EQ(answers.shown[0].buttonTitles, QStringList{QStringLiteral("OK")});
+    const auto *status = window()->statusBar()->findChild<zq::ElidedLabel *>();
+    EXPECT_TRUE(status->text().startsWith(QStringLiteral("“Alpha” could not be saved: ")))
+        << status->text().toStdString();
     EXPECT_TRUE(alpha->templateShouldBeSaved());
     EXPECT_EQ(alpha->htmlSourceCode(), QStringLiteral("<p>changed</p>"));
+}
+
+TEST_F(CommandsTest, WhatCouldNotBeReadIsCounted)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    const QString broken = writeDesign(QStringLiteral("Beta"));
+    support::writeFile(broken + QStringLiteral("/Info.plist"), "no property list");
+    launch();
+    QStringList texts;
+    for (const QLabel *label : window()->statusBar()->findChildren<QLabel *>())
+        texts << label->text() << label->toolTip();
+    EXPECT_TRUE(texts.contains(QStringLiteral("1 design, 1 could not be read")));
+    EXPECT_TRUE(texts.join(u' ').contains(QStringLiteral("Beta.designTemplate: ")));
+}
+
+TEST_F(CommandsTest, FindingBringsTheHtmlToTheFrontFromAnywhere)
+{
+    writeDesign(QStringLiteral("Alpha"));
+    launch();
+    giveFocus(outline());
+    QTest::keySequence(outline(), QKeySequence(QStringLiteral("Ctrl+F")));
+    EXPECT_EQ(editor()->selectedTab(), LSMDesignEditorViewController::HtmlTab);
+    EXPECT_EQ(QApplication::focusWidget(), child<QLineEdit>("findField"));
+    EXPECT_TRUE(child<QLineEdit>("findField")->isVisible());
 }
 
 TEST_F(CommandsTest, TabsByKeysAndMenu)
@@ -365,6 +396,7 @@ TEST_F(CommandsTest, TabsByKeysAndMenu)
     }
     clickMenuItem("actionViewHtml");
     EXPECT_EQ(editor()->selectedTab(), LSMDesignEditorViewController::HtmlTab);
+    EXPECT_TRUE(child<MGSFragariaView>("fragariaView")->textView()->hasFocus());
 }
 
 TEST_F(CommandsTest, WindowAndToolbarComeBackAsTheyWereLeft)

@@ -164,7 +164,7 @@ TEST_F(StoreTabTest, WhatCannotBeMeantIsHintedAt)
         QList<const char *> sound;
         QList<const char *> odd;
     } rules[] = {
-        {"priceField", "priceHint", {"9", "12.50", ""}, {"9,90", "free", "-1", "9."}},
+        {"priceField", "priceHint", {"9", "12.50"}, {"9,90", "free", "-1", "9.", ""}},
         {"supportUrlField",
          "supportUrlHint",
          {"https://example.com/a?b", ""},
@@ -175,7 +175,7 @@ TEST_F(StoreTabTest, WhatCannotBeMeantIsHintedAt)
         for (const char *text : rule.odd) {
             setText(field(rule.field), QString::fromLatin1(text));
             EXPECT_NE(hint(rule.hint), QString()) << text;
-            EXPECT_TRUE(storeOf(selected()).values().contains(QString::fromLatin1(text)));
+            EXPECT_TRUE(!*text || storeOf(selected()).values().contains(QString::fromLatin1(text)));
         }
         for (const char *text : rule.sound) {
             setText(field(rule.field), QString::fromLatin1(text));

@@ -11,7 +11,7 @@ namespace zq {
 
 namespace {
 
-constexpr auto patience = 20s;
+constexpr auto patience = 2min;
 
 }
 

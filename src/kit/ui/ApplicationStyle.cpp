@@ -31,8 +31,15 @@ QStatusBar QLabel, QStatusBar zq--ElidedLabel { color: @secondaryLabelColor; pad
 #bannerText, #previewBannerText { color: @bannerTextColor; }
 QLineEdit { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
             padding: 4px 6px; }
+QLineEdit:read-only { background: transparent; border-color: transparent; }
 QLineEdit:focus { border: 1px solid @accentColor; }
-QLineEdit:read-only { background: transparent; }
+QAbstractSpinBox { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
+                   padding: 2px 3px; }
+QAbstractSpinBox:focus { border-color: @accentColor; }
+QAbstractSpinBox:disabled { color: @secondaryLabelColor; }
+QAbstractSpinBox::up-button, QAbstractSpinBox::down-button { border: none; width: 16px; }
+QAbstractSpinBox::up-arrow { image: url(:/layoutsmith/images/StepUp.svg); width: 10px; height: 10px; }
+QAbstractSpinBox::down-arrow { image: url(:/layoutsmith/images/StepDown.svg); width: 10px; height: 10px; }
 QPlainTextEdit { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px; }
 QPlainTextEdit:focus { border-color: @accentColor; }
 QPlainTextEdit:read-only, QPlainTextEdit:disabled, QLineEdit:disabled { background: transparent; }
@@ -44,18 +51,18 @@ zq--PopUpButton::drop-down { border: none; width: 20px; }
 zq--PopUpButton QLineEdit { border: none; padding: 0; }
 zq--PopUpButton QAbstractItemView { background: @controlBackground; }
 #priceHint, #supportUrlHint, #minimumVersionHint { color: @warningColor; }
-#lotbookVersionHint, #finderColorHint { color: @secondaryLabelColor; }
+#lotbookVersionHint, #finderColorHint, #hintLabel { color: @secondaryLabelColor; }
 QAbstractItemView QLineEdit { border-radius: 2px; padding: 0 1px; }
 #emptyText { color: @secondaryLabelColor; }
 QPushButton { background: @controlBackground; border: 1px solid @controlBorder; border-radius: 5px;
-              padding: 5px 14px; }
+              padding: 5px 14px; outline: 0; }
 QPushButton::menu-indicator { subcontrol-origin: padding; subcontrol-position: right center; right: 9px; }
 #placeholderPopup, #layoutPopup { padding-right: 26px; }
 QPushButton:hover { border-color: @accentColor; }
 QPushButton:pressed { background: @inactiveSelectionBackground; }
 QPushButton:default { background: @accentColor; color: @accentTextColor; border-color: @accentColor; }
 QPushButton:focus { border-color: @accentColor; }
-QPushButton:disabled { color: @secondaryLabelColor; }
+QPushButton:disabled { background: @windowBackground; border-color: @separatorColor; color: @secondaryLabelColor; }
 QCheckBox { padding: 2px; border: 1px solid transparent; border-radius: 5px; }
 QCheckBox:focus { border-color: @accentColor; outline: 0; }
 QScrollBar { background: transparent; border: none; margin: 0; }
