@@ -1,8 +1,9 @@
 # Compiler cache, linker, warnings and sanitizers: everything that holds for every target.
 find_program(CCACHE ccache)
 if(CCACHE)
-    # Precompiled headers carry time stamps that would spoil every look-up.
+    # Precompiled headers carry time stamps, and each clone has a path, that would spoil every look-up.
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
         CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
 endif()
 
