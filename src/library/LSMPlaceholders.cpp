@@ -1,6 +1,10 @@
 #include "library/LSMPlaceholders.h"
 
-#include <QStringList>
+#include "library/LSMDesignKeys.h"
+#include "platform/Bundle.h"
+#include "platform/PropertyList.h"
+
+#include <QSet>
 #include <vector>
 
 namespace LSMPlaceholders {
@@ -70,7 +74,71 @@ bool isName(const QString &text)
     });
 }
 
+constexpr auto propertyPrefix = QLatin1StringView("LBProperty_");
+constexpr auto noLayout = QLatin1StringView("LBLayoutNotDefined");
+
+bool isOperator(const QString &word)
+{
+    return std::ranges::any_of(
+        QStringList{QStringLiteral("not"), QStringLiteral("and"), QStringLiteral("or")},
+        [&word](const QString &one) { return word.compare(one, Qt::CaseInsensitive) == 0; });
+}
+
+/// Those in the menu of placeholders, whose texts are what is inserted.
+QSet<QString> namesInMenu()
+{
+    QSet<QString> names;
+    const auto list = platform::PropertyList::parse(
+        platform::Bundle::mainBundle()
+            .stringForResource(QStringLiteral("placeholder"), QStringLiteral("plist"))
+            .toUtf8());
+    for (const QVariant &text : list ? list->root.toMap() : QVariantMap()) {
+        const QString html = text.toString();
+        for (auto found = nextBracketed(html, 0); found; found = nextBracketed(html, found->end)) {
+            for (const QString &name : found->names())
+                names.insert(name);
+        }
+    }
+    return names;
+}
+
 } // namespace
+
+QStringList Bracketed::names() const
+{
+    if (endsPart())
+        return {};
+    if (!beginsPart())
+        return isName(inside) ? QStringList{inside} : QStringList();
+    QStringList words = inside.sliced(3).simplified().split(u' ', Qt::SkipEmptyParts);
+    words.removeIf(isOperator);
+    return words;
+}
+
+std::optional<Bracketed> nextBracketed(const QString &html, qsizetype from)
+{
+    const qsizetype start = html.indexOf(u"[[", from);
+    const qsizetype end = start < 0 ? -1 : html.indexOf(u"]]", start);
+    if (end < 0)
+        return std::nullopt;
+    return Bracketed{start, end + 2, html.sliced(start + 2, end - start - 2)};
+}
+
+bool isKnownName(const QString &name)
+{
+    static const QSet<QString> names = namesInMenu();
+    return names.contains(name) || name == noLayout;
+}
+
+QString nameOfProperty(const QString &property)
+{
+    return propertyPrefix + QString(property).replace(u' ', u'_');
+}
+
+bool isNameOfProperty(const QString &name)
+{
+    return name.startsWith(propertyPrefix);
+}
 
 bool holds(const QString &expression, const Values &values)
 {
@@ -87,23 +155,18 @@ QString filled(const QString &html, const Values &values)
             result += text;
     };
     qsizetype at = 0;
-    for (;;) {
-        const qsizetype start = html.indexOf(u"[[", at);
-        const qsizetype end = start < 0 ? -1 : html.indexOf(u"]]", start);
-        if (end < 0)
-            break;
-        put(QStringView(html).sliced(at, start - at));
-        const QString inside = html.sliced(start + 2, end - start - 2);
-        at = end + 2;
-        if (inside.startsWith(u"if ")) {
+    while (const std::optional<Bracketed> found = nextBracketed(html, at)) {
+        put(QStringView(html).sliced(at, found->start - at));
+        at = found->end;
+        if (found->beginsPart()) {
             open.push_back(isThere);
-            isThere = isThere && holds(inside.sliced(3), values);
-        } else if (inside == u"endif" && !open.empty()) {
+            isThere = isThere && holds(found->inside.sliced(3), values);
+        } else if (found->endsPart() && !open.empty()) {
             isThere = open.back();
             open.pop_back();
         } else {
-            const QString value = isName(inside) ? values(inside) : QString();
-            put(value.isNull() ? QStringView(html).sliced(start, at - start) : value);
+            const QString value = isName(found->inside) ? values(found->inside) : QString();
+            put(value.isNull() ? QStringView(html).sliced(found->start, at - found->start) : value);
         }
     }
     put(QStringView(html).sliced(at));

@@ -101,7 +101,7 @@ QString withoutPath(const platform::Error &reason, const QString &path)
 
 void LSMBundleCheck::add(const QString &path, LSMFinding::Level level, const QString &text)
 {
-    m_findings.push_back({path, level, text});
+    m_findings.push_back({path, level, text, 0, 0, 0});
 }
 
 void LSMBundleCheck::addPath(const QString &givenPath)
@@ -132,7 +132,7 @@ void LSMBundleCheck::addOldFile(const QString &path)
         return add(path, Error, localized("This is not a design."));
     if (!QFileInfo(path).isFile())
         return add(path, Error, localized("An old design must be a file, and this is none."));
-    checkText(path);
+    checkText(path, {});
     const QString bundle = LSMBundlePaths::withExtension(title, bundleExtension);
     if (QFileInfo(QFileInfo(path).dir(), bundle).isDir())
         add(path, Warning,
@@ -146,22 +146,24 @@ void LSMBundleCheck::addBundle(const QString &path)
 {
     if (!QFileInfo(path).isDir())
         return add(path, Error, localized("A design must be a folder, and this is none."));
-    checkInfo(path);
-    checkBody(path + u'/' + bodyFile);
+    const QVariantMap info = checkInfo(path);
+    checkBody(path + u'/' + bodyFile, LSMHtmlCheck::Context::of(info));
     checkPictures(path);
     checkLeftovers(path);
 }
 
-void LSMBundleCheck::checkInfo(const QString &path)
+QVariantMap LSMBundleCheck::checkInfo(const QString &path)
 {
     const QString file = path + u'/' + infoFile;
     platform::Error reason;
     const auto info = platform::PropertyList::read(file, &reason);
-    if (!info || info->root.typeId() != QMetaType::QVariantMap)
-        return add(file, Error,
-                   platform::format(localized("The design does not load: %@"),
-                                    info ? localized("this is not a dictionary.")
-                                         : withoutPath(reason, file)));
+    if (!info || info->root.typeId() != QMetaType::QVariantMap) {
+        add(file, Error,
+            platform::format(localized("The design does not load: %@"),
+                             info ? localized("this is not a dictionary.")
+                                  : withoutPath(reason, file)));
+        return {};
+    }
 
     const auto checkTypes = [&](const QVariantMap &values, std::span<const KnownKey> keys) {
         for (const auto &[key, kind] : keys) {
@@ -187,6 +189,7 @@ void LSMBundleCheck::checkInfo(const QString &path)
     const QString title =
         isKind(values.value(name), Kind::String) ? text(name) : QFileInfo(path).completeBaseName();
     m_designs.push_back({path, title, text(identifier)});
+    return values;
 }
 
 void LSMBundleCheck::checkTitle(const QString &path, const QString &title)
@@ -200,18 +203,18 @@ void LSMBundleCheck::checkTitle(const QString &path, const QString &title)
                              LSMBundlePaths::folderNameForTitle(title)));
 }
 
-void LSMBundleCheck::checkBody(const QString &file)
+void LSMBundleCheck::checkBody(const QString &file, const LSMHtmlCheck::Context &context)
 {
     const QFileInfo info(file);
     if (info.exists())
-        checkText(file);
+        checkText(file, context);
     else
         add(file, Warning,
             info.isSymLink() ? localized("The link leads nowhere; the design has no HTML.")
                              : localized("The file is missing; the design has no HTML."));
 }
 
-void LSMBundleCheck::checkText(const QString &file)
+void LSMBundleCheck::checkText(const QString &file, const LSMHtmlCheck::Context &context)
 {
     platform::Error reason;
     const auto bytes = platform::readFile(file, &reason);
@@ -224,6 +227,10 @@ void LSMBundleCheck::checkText(const QString &file)
         add(file, Note,
             platform::format(localized("The text is read as %@; saving the design writes UTF-8."),
                              decoded.encodingName));
+    for (LSMFinding &finding : LSMHtmlCheck::findings(decoded.text, context)) {
+        finding.path = file;
+        m_findings.push_back(std::move(finding));
+    }
 }
 
 void LSMBundleCheck::checkPictures(const QString &path)
@@ -283,7 +290,7 @@ void LSMBundleCheck::addClashes(LSMFindings &findings) const
                 first.insert(key, design.path);
             else
                 findings.push_back(
-                    {design.path, Warning, platform::format(localized(text), *found)});
+                    {design.path, Warning, platform::format(localized(text), *found), 0, 0, 0});
         }
     }
 }

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "library/checking/LSMFinding.h"
+#include "library/checking/LSMHtmlCheck.h"
 
 #include <QStringList>
 
 /// The rules of the design format, held against bundles and old single files on disk. Nothing is
 /// changed. An Error is what keeps a design, or a part of it, from loading; a Warning what the host
-/// or a save will trip over; a Note what is good to know. Any thread.
+/// or a save will trip over; a Note what is good to know. The HTML is held against its own rules
+/// (LSMHtmlCheck.h). Any thread.
 class LSMBundleCheck
 {
 public:
@@ -28,13 +29,13 @@ private:
 
     void addBundle(const QString &path);
     void addOldFile(const QString &path);
-    void checkInfo(const QString &path);
+    QVariantMap checkInfo(const QString &path); ///< Gives what it says.
     void checkTitle(const QString &path, const QString &title);
     void checkPictures(const QString &path);
     void checkLeftovers(const QString &path);
     void checkDeletions(const QString &folder);
-    void checkBody(const QString &file);
-    void checkText(const QString &file);
+    void checkBody(const QString &file, const LSMHtmlCheck::Context &context);
+    void checkText(const QString &file, const LSMHtmlCheck::Context &context);
     void add(const QString &path, LSMFinding::Level level, const QString &text);
     void addClashes(LSMFindings &findings) const;
 

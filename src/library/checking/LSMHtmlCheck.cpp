@@ -1,0 +1,291 @@
+#include "library/checking/LSMHtmlCheck.h"
+
+#include "library/checking/LSMHtmlTags.h"
+#include "library/checking/LSMTidy.h"
+#include "library/LSMDesignKeys.h"
+#include "library/LSMPlaceholders.h"
+#include "platform/Bundle.h"
+#include "platform/Format.h"
+#include "platform/text/TextStorage.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+using platform::localized;
+using platform::TextRange;
+using enum LSMFinding::Level;
+
+namespace LSMHtmlCheck {
+
+namespace {
+
+constexpr qsizetype bracketLength = 2;
+
+/// One check of one text.
+class Check
+{
+public:
+    Check(const QString &html, const Context &context, const std::stop_token &stop)
+        : m_html(html), m_plain(html), m_context(context), m_stop(stop)
+    {
+        m_lines.setString(html);
+    }
+
+    LSMFindings findings()
+    {
+        checkBrackets();
+        checkTags();
+        checkStyles();
+        if (!m_stop.stop_requested())
+            checkForm();
+        std::ranges::stable_sort(m_findings, {}, [](const LSMFinding &finding) {
+            return std::pair(finding.line, finding.character);
+        });
+        leaveOutMany();
+        return std::move(m_findings);
+    }
+
+private:
+    struct Part
+    {
+        TextRange opening;
+        QString layout; ///< That it is the default of; null for none.
+    };
+
+    void add(TextRange range, LSMFinding::Level level, const QString &text)
+    {
+        const qsizetype line = m_lines.lineAt(range.location);
+        const TextRange contents = m_lines.lineContents(line);
+        m_findings.push_back(
+            {{},
+             level,
+             text,
+             line + 1,
+             range.location - contents.location + 1,
+             qMax(qsizetype(0), qMin(range.end(), contents.end()) - range.location)});
+    }
+
+    void leaveOutMany()
+    {
+        const qsizetype more = qsizetype(m_findings.size()) - mostFindings;
+        if (more <= 0)
+            return;
+        m_findings.resize(size_t(mostFindings));
+        m_findings.push_back(
+            {{}, Note, platform::format(localized("%ld more findings are not listed."), more)});
+    }
+
+    // Blanks stand for the expressions in what HTML is read from.
+    void checkBrackets();
+    void checkUnclosed(TextRange opening, QStringView inside);
+    void checkNames(const LSMPlaceholders::Bracketed &found);
+    void checkDefaultLayout(const LSMPlaceholders::Bracketed &found);
+    void checkTags();
+    void checkPicture(const LSMHtmlTags::Tag &tag);
+    void checkScript(const LSMHtmlTags::Tag &tag);
+    void checkAddress(QStringView address); ///< Of a picture, in the HTML.
+    void checkStyles();
+    void checkForm();
+    QStringView original(QStringView inPlain) const;
+    bool hasBrackets(TextRange range) const { return original(range).contains(u"[["); }
+    QStringView original(TextRange range) const
+    {
+        return QStringView(m_html).sliced(range.location, range.length);
+    }
+    TextRange tagAt(qsizetype index) const;
+
+    const QString &m_html;
+    QString m_plain; ///< Without expressions, of the same length.
+    const Context &m_context;
+    std::stop_token m_stop;
+    platform::TextStorage m_lines;
+    LSMFindings m_findings;
+    bool m_hasParts = false;
+    QString m_defaultLayout;
+};
+
+void Check::checkBrackets()
+{
+    std::vector<TextRange> open;
+    qsizetype at = 0;
+    while (const auto found = LSMPlaceholders::nextBracketed(m_html, at)) {
+        const TextRange range = TextRange::between(found->start, found->end);
+        if (const qsizetype next = found->inside.indexOf("[["_L1); next >= 0) {
+            checkUnclosed({found->start, bracketLength}, QStringView(found->inside).first(next));
+            at = found->start + bracketLength + next;
+            continue;
+        }
+        at = found->end;
+        std::fill_n(m_plain.begin() + range.location, range.length, QChar(u' '));
+        if (found->beginsPart())
+            open.push_back(range);
+        if (found->endsPart() && open.empty())
+            add(range, Warning,
+                localized("There is no “[[if …]]” in front of it that this would end."));
+        else if (found->endsPart())
+            open.pop_back();
+        m_hasParts = m_hasParts || found->beginsPart();
+        checkNames(*found);
+        checkDefaultLayout(*found);
+    }
+    const qsizetype rest = m_html.indexOf("[["_L1, at);
+    if (rest >= 0)
+        checkUnclosed({rest, bracketLength}, QStringView(m_html).sliced(rest + bracketLength));
+    for (const TextRange part : open)
+        add(part, Warning,
+            localized("There is no “[[endif]]” behind it: the part reaches to the end."));
+}
+
+// What is no expression (a script's brackets) is none of this format's business.
+void Check::checkUnclosed(TextRange opening, QStringView inside)
+{
+    const QStringView line = inside.left(inside.indexOf(u'\n'));
+    if (line.contains(LSMDesignKeys::layoutMarker, Qt::CaseInsensitive))
+        add(opening, Error, localized("The layout marker has no “]]”."));
+    else if (line.startsWith("LB"_L1) || line.startsWith("if "_L1))
+        add(opening, Error, localized("The placeholder has no “]]”."));
+}
+
+void Check::checkNames(const LSMPlaceholders::Bracketed &found)
+{
+    for (const QString &name : found.names()) {
+        if (name.startsWith(LSMDesignKeys::layoutMarker, Qt::CaseInsensitive) ||
+            LSMPlaceholders::isKnownName(name) || m_context.properties.contains(name))
+            continue;
+        const qsizetype at = m_html.indexOf(name, found.start);
+        add({at, name.size()}, Warning,
+            platform::format(LSMPlaceholders::isNameOfProperty(name)
+                                 ? localized("The design has no property for “%@”.")
+                                 : localized("There is no placeholder “%@”."),
+                             name));
+    }
+}
+
+void Check::checkDefaultLayout(const LSMPlaceholders::Bracketed &found)
+{
+    const qsizetype marker =
+        found.inside.indexOf(LSMDesignKeys::layoutMarker, 0, Qt::CaseInsensitive);
+    if (marker < 0 || !found.inside.endsWith(LSMDesignKeys::defaultLayoutSuffix))
+        return;
+    const QString layout =
+        found.inside.sliced(marker).chopped(LSMDesignKeys::defaultLayoutSuffix.size());
+    if (m_defaultLayout.isNull())
+        m_defaultLayout = layout;
+    else if (layout != m_defaultLayout)
+        add(TextRange::between(found.start, found.end), Warning,
+            localized("There is a default layout already; this one does not count."));
+}
+
+QStringView Check::original(QStringView inPlain) const
+{
+    return QStringView(m_html).sliced(inPlain.data() - m_plain.constData(), inPlain.size());
+}
+
+void Check::checkTags()
+{
+    LSMHtmlTags::forEachTag(m_plain, [this](const LSMHtmlTags::Tag &tag) {
+        if (!tag.isEnd) {
+            checkPicture(tag);
+            checkScript(tag);
+        }
+        return !m_stop.stop_requested();
+    });
+}
+
+void Check::checkPicture(const LSMHtmlTags::Tag &tag)
+{
+    const bool isPicture = tag.is("img"_L1);
+    const auto *address = isPicture ? tag.attribute("src"_L1) : tag.attribute("background"_L1);
+    if (address && !address->value.isNull())
+        checkAddress(original(address->value).trimmed());
+    if (isPicture && !tag.attribute("alt"_L1))
+        add(TextRange::between(tag.start, tag.end), Note,
+            localized("The picture has no text (alt) for those who cannot see it."));
+}
+
+void Check::checkAddress(QStringView address)
+{
+    if (address.isEmpty())
+        return; // which is a fault of form
+    for (const QStringView good : {u"https:", u"data:", u"[["}) {
+        if (address.startsWith(good, Qt::CaseInsensitive))
+            return;
+    }
+    add({address.data() - m_html.constData(), address.size()}, Warning,
+        localized("The picture's address is not https: buyers may not see it."));
+}
+
+void Check::checkScript(const LSMHtmlTags::Tag &tag)
+{
+    const QString text = localized("Marketplaces do not allow scripts in listings.");
+    const TextRange name{tag.start, tag.name.size() + 1};
+    if (tag.is("script"_L1))
+        return add(name, Warning, text);
+    for (const LSMHtmlTags::Attribute &attribute : tag.attributes) {
+        const bool isHandler = attribute.name.size() > 2 &&
+                               attribute.name.startsWith(u"on", Qt::CaseInsensitive) &&
+                               !attribute.value.isNull();
+        if (isHandler || attribute.value.trimmed().startsWith(u"javascript:", Qt::CaseInsensitive))
+            add({attribute.name.data() - m_plain.constData(), attribute.name.size()}, Warning,
+                text);
+    }
+}
+
+// Pictures that a style sheet asks for.
+void Check::checkStyles()
+{
+    static const QRegularExpression plainAddress(u"url\\(\\s*[\"']?(http:[^\\s\"')]*)"_s,
+                                                 QRegularExpression::CaseInsensitiveOption);
+    for (auto match = plainAddress.globalMatch(m_plain);
+         match.hasNext() && !m_stop.stop_requested();) {
+        const QRegularExpressionMatch found = match.next();
+        add({found.capturedStart(1), found.capturedLength(1)}, Warning,
+            localized("The picture's address is not https: buyers may not see it."));
+    }
+}
+
+// An expression in a tag may be a value, and parts that exclude each other may use a name twice.
+void Check::checkForm()
+{
+    const auto messages = LSMTidy::messages(m_plain, mostFindings, m_stop);
+    if (!messages && !m_stop.stop_requested())
+        m_findings.push_back(
+            {{}, Note, localized("The form of the HTML is too odd to be checked."), 0, 0, 0});
+    for (const LSMTidy::Message &message : messages.value_or(std::vector<LSMTidy::Message>())) {
+        const TextRange tag = tagAt(message.index);
+        const bool isOfExpression =
+            message.isAboutAttribute &&
+            (hasBrackets(tag) || (m_hasParts && message.key == "ANCHOR_NOT_UNIQUE"));
+        if (!isOfExpression)
+            add(tag, message.level, message.text);
+    }
+}
+
+/// From "<" to ">", or the character there.
+TextRange Check::tagAt(qsizetype index) const
+{
+    const qsizetype end = m_html.indexOf(u'>', index);
+    const bool isTag = index < m_html.size() && m_html[index] == u'<' && end >= 0;
+    return isTag ? TextRange::between(index, end + 1)
+                 : TextRange{index, index < m_html.size() ? 1 : 0};
+}
+
+} // namespace
+
+Context Context::of(const QVariantMap &info)
+{
+    Context context;
+    for (const QVariant &record : info.value(LSMDesignKeys::properties).toList())
+        context.properties.insert(
+            LSMPlaceholders::nameOfProperty(record.toMap().value(u"name"_s).toString()));
+    return context;
+}
+
+LSMFindings findings(const QString &html, const Context &context, const std::stop_token &stop)
+{
+    if (html.size() > longestHtml)
+        return {{{}, Note, localized("The HTML is too long to be checked."), 0, 0, 0}};
+    return Check(html, context, stop).findings();
+}
+
+} // namespace LSMHtmlCheck

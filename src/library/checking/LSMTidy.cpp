@@ -1,0 +1,234 @@
+#include "library/checking/LSMTidy.h"
+
+#include "platform/Bundle.h"
+#include "platform/IsolatedRun.h"
+
+#include <tidy/tidy.h>
+#include <tidy/tidybuffio.h>
+
+using platform::localizable;
+using platform::localized;
+using namespace std::chrono_literals;
+using enum LSMFinding::Level;
+
+namespace LSMTidy {
+
+namespace {
+
+constexpr qsizetype longestArgument = 80;
+constexpr auto patience = 10s; // what it needs for a million characters is a tenth of a second
+
+enum class Subject { Tag, Attribute };
+
+/// How a message of libtidy is put; its arguments are those of libtidy's own text, in its order.
+struct Wording
+{
+    const char *key;
+    LSMFinding::Level level;
+    Subject subject;
+    const char *text; ///< Null: it is left out.
+};
+
+constexpr Wording wordings[] = {
+    {"ANCHOR_NOT_UNIQUE", Warning, Subject::Attribute,
+     localizable("%@ has the name “%@”, which another has already.")},
+    {"COERCE_TO_ENDTAG", Warning, Subject::Tag, localizable("%@ should probably be %@.")},
+    {"DISCARDING_UNEXPECTED", Warning, Subject::Tag, localizable("%@ has no place here.")},
+    {"JOINING_ATTRIBUTE", Warning, Subject::Attribute,
+     localizable("%@ has the attribute “%@” more than once.")},
+    {"MALFORMED_COMMENT_EOS", Error, Subject::Tag, localizable("The comment has no end.")},
+    {"MISSING_ATTR_VALUE", Warning, Subject::Attribute,
+     localizable("%@ has no value for its attribute “%@”.")},
+    {"MISSING_ENDTAG_BEFORE", Warning, Subject::Tag, localizable("</%@> is missing before %@.")},
+    {"MISSING_ENDTAG_FOR", Warning, Subject::Tag, localizable("</%@> is missing.")},
+    {"MISSING_SEMICOLON", Warning, Subject::Tag, localizable("“%@” does not end with “;”.")},
+    {"NON_MATCHING_ENDTAG", Warning, Subject::Tag, localizable("%@ stands where </%@> should.")},
+    {"REPLACING_ELEMENT", Warning, Subject::Tag, localizable("%@ has no place here.")},
+    {"REPLACING_UNEX_ELEMENT", Warning, Subject::Tag, localizable("%@ has no place here.")},
+    {"SUSPECTED_MISSING_QUOTE", Error, Subject::Tag,
+     localizable("A quotation mark of an attribute is missing.")},
+    {"TAG_NOT_ALLOWED_IN", Warning, Subject::Tag, localizable("%@ must not stand in %@.")},
+    {"UNEXPECTED_END_OF_FILE_ATTR", Error, Subject::Tag,
+     localizable("%@ has no end; a quotation mark may be missing.")},
+    {"UNEXPECTED_GT", Warning, Subject::Tag, localizable("%@ has no “>” at its end.")},
+    {"UNKNOWN_ELEMENT", Error, Subject::Tag, localizable("HTML knows no %@.")},
+    {"UNKNOWN_ENTITY", Warning, Subject::Tag,
+     localizable("“%@” means no character; a plain “&” is written “&amp;”.")},
+    // What is a consequence of another fault, a matter of taste, or told better elsewhere.
+    {"ATTRIBUTE_VALUE_REPLACED", Note, Subject::Attribute, nullptr},
+    {"BACKSLASH_IN_URI", Note, Subject::Attribute, nullptr},
+    {"BAD_ATTRIBUTE_VALUE", Note, Subject::Attribute, nullptr},
+    {"BAD_ATTRIBUTE_VALUE_REPLACED", Note, Subject::Attribute, nullptr},
+    {"CUSTOM_TAG_DETECTED", Note, Subject::Tag, nullptr},
+    {"ESCAPED_ILLEGAL_URI", Note, Subject::Attribute, nullptr},
+    {"FIXED_BACKSLASH", Note, Subject::Attribute, nullptr},
+    {"ID_NAME_MISMATCH", Note, Subject::Attribute, nullptr},
+    {"ILLEGAL_URI_CODEPOINT", Note, Subject::Attribute, nullptr},
+    {"ILLEGAL_URI_REFERENCE", Note, Subject::Attribute, nullptr},
+    {"INSERTING_TAG", Note, Subject::Tag, nullptr},
+    {"MISMATCHED_ATTRIBUTE_ERROR", Note, Subject::Attribute, nullptr},
+    {"MISMATCHED_ATTRIBUTE_WARN", Note, Subject::Attribute, nullptr},
+    {"MISSING_ATTRIBUTE", Note, Subject::Attribute, nullptr},
+    {"MISSING_DOCTYPE", Note, Subject::Tag, nullptr},
+    {"MISSING_ENDTAG_OPTIONAL", Note, Subject::Tag, nullptr},
+    {"MISSING_QUOTEMARK", Note, Subject::Attribute, nullptr},
+    {"MISSING_QUOTEMARK_OPEN", Note, Subject::Attribute, nullptr},
+    {"MISSING_TITLE_ELEMENT", Note, Subject::Tag, nullptr},
+    {"PREVIOUS_LOCATION", Note, Subject::Tag, nullptr},
+    {"PROPRIETARY_ATTRIBUTE", Note, Subject::Attribute, nullptr},
+    {"PROPRIETARY_ELEMENT", Note, Subject::Tag, nullptr},
+    {"REPEATED_ATTRIBUTE", Note, Subject::Attribute, nullptr},
+    {"SPACE_PRECEDING_XMLDECL", Note, Subject::Tag, nullptr},
+    {"TRIM_EMPTY_ELEMENT", Note, Subject::Tag, nullptr},
+    {"UNESCAPED_AMPERSAND", Note, Subject::Tag, nullptr},
+    {"UNESCAPED_ELEMENT", Note, Subject::Tag, nullptr},
+    {"WHITE_IN_URI", Note, Subject::Attribute, nullptr},
+};
+
+const Wording *wordingOf(const char *key)
+{
+    const auto found = std::ranges::find_if(
+        wordings, [key](const Wording &one) { return qstrcmp(one.key, key) == 0; });
+    return found == std::end(wordings) ? nullptr : found;
+}
+
+/// The text as libtidy can count in it: each unit is one character of one column, and lines end
+/// with a line feed. What would mean something else to it is a blank.
+QString countable(QString html)
+{
+    for (qsizetype i = 0; i < html.size(); ++i) {
+        QChar &c = html[i];
+        if (c == u'\r')
+            c = i + 1 < html.size() && html[i + 1] == u'\n' ? u' ' : u'\n';
+        else if ((c < u' ' && c != u'\n') || c == u'\x7F' || c == QChar::ByteOrderMark)
+            c = u' ';
+        else if (c.isSurrogate() || (c.unicode() >= 0x80 && c.unicode() < 0xA0) ||
+                 c.unicode() >= 0xFFFE)
+            c = u'?';
+    }
+    return html;
+}
+
+/// Where the lines of such a text start.
+std::vector<qsizetype> lineStarts(const QString &text)
+{
+    std::vector<qsizetype> starts{0};
+    for (qsizetype at = text.indexOf(u'\n'); at >= 0; at = text.indexOf(u'\n', at + 1))
+        starts.push_back(at + 1);
+    return starts;
+}
+
+// What the copy hands over: records of fields. None of these stands in a countable text.
+constexpr char recordEnd = '\x1e';
+constexpr char fieldEnd = '\x1f';
+
+/// Runs libtidy, in the copy. Line, column, key, libtidy's own text, and its arguments.
+class Run
+{
+public:
+    explicit Run(qsizetype most) : m_left(most), m_document(tidyCreate())
+    {
+        tidySetAppData(m_document, this);
+        tidySetMessageCallback(m_document, &Run::receive);
+        tidySetCharEncoding(m_document, "utf8");
+        tidyOptSetValue(m_document, TidyBodyOnly, "yes");
+        tidyOptSetBool(m_document, TidyDropEmptyElems, no);
+        tidyOptSetInt(m_document, TidyShowErrors, unsigned(most));
+    }
+    ~Run() { tidyRelease(m_document); }
+    Q_DISABLE_COPY_MOVE(Run)
+
+    QByteArray records(const QByteArray &html)
+    {
+        TidyBuffer buffer;
+        tidyBufInit(&buffer);
+        tidyBufAttach(&buffer, reinterpret_cast<byte *>(const_cast<char *>(html.constData())),
+                      unsigned(html.size()));
+        tidyParseBuffer(m_document, &buffer);
+        tidyBufDetach(&buffer);
+        return m_records;
+    }
+
+private:
+    static Bool TIDY_CALL receive(TidyMessage message)
+    {
+        static_cast<Run *>(tidyGetAppData(tidyGetMessageDoc(message)))->add(message);
+        return no; // it goes nowhere else
+    }
+
+    void add(TidyMessage message)
+    {
+        const char *key = tidyGetMessageKey(message);
+        const Wording *wording = wordingOf(key);
+        const TidyReportLevel level = tidyGetMessageLevel(message);
+        if ((wording && !wording->text) ||
+            (!wording && level != TidyWarning && level != TidyError) || m_left-- <= 0)
+            return;
+        addField(QByteArray::number(tidyGetMessageLine(message)));
+        addField(QByteArray::number(tidyGetMessageColumn(message)));
+        addField(key);
+        addField(tidyGetMessageDefault(message));
+        for (TidyIterator next = tidyGetMessageArguments(message); next;) {
+            TidyMessageArgument argument = tidyGetNextMessageArgument(message, &next);
+            if (tidyGetArgType(message, &argument) == tidyFormatType_STRING)
+                addField(tidyGetArgValueString(message, &argument));
+        }
+        m_records += recordEnd;
+    }
+
+    void addField(const QByteArray &field) { m_records += field + fieldEnd; }
+
+    qsizetype m_left;
+    QByteArray m_records;
+    TidyDoc m_document;
+};
+
+QString filled(QString text, const QByteArrayList &arguments)
+{
+    qsizetype gap = 0;
+    for (const QByteArray &argument : arguments) {
+        gap = text.indexOf(QStringLiteral("%@"), gap);
+        if (gap < 0)
+            break;
+        const QString value = QString::fromUtf8(argument).left(longestArgument);
+        text.replace(gap, 2, value);
+        gap += value.size();
+    }
+    return text;
+}
+
+Message messageOf(const QByteArrayList &fields, const std::vector<qsizetype> &starts)
+{
+    const auto line = std::clamp<qsizetype>(fields.value(0).toInt(), 1, qsizetype(starts.size()));
+    const QByteArray key = fields.value(2);
+    const Wording *wording = wordingOf(key.constData());
+    return {starts[size_t(line) - 1] + qMax<qsizetype>(1, fields.value(1).toInt()) - 1,
+            wording ? wording->level : Warning,
+            wording ? filled(localized(wording->text), fields.mid(4))
+                    : QString::fromUtf8(fields.value(3)),
+            key, wording && wording->subject == Subject::Attribute};
+}
+
+} // namespace
+
+std::optional<std::vector<Message>> messages(const QString &html, qsizetype most,
+                                             const std::stop_token &stop)
+{
+    const QString text = countable(html);
+    const QByteArray bytes = text.toUtf8();
+    const auto records =
+        platform::runIsolated([&bytes, most] { return Run(most).records(bytes); }, patience, stop);
+    if (!records)
+        return std::nullopt;
+    const std::vector<qsizetype> starts = lineStarts(text);
+    std::vector<Message> messages;
+    for (const QByteArray &record : records->chopped(records->isEmpty() ? 0 : 1).split(recordEnd)) {
+        if (record.isEmpty())
+            continue;
+        messages.push_back(messageOf(record.split(fieldEnd), starts));
+        messages.back().index = qMin(messages.back().index, html.size());
+    }
+    return messages;
+}
+
+} // namespace LSMTidy

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "library/checking/LSMFinding.h"
+#include <optional>
+#include <QByteArray>
+#include <stop_token>
+
+/// What libtidy has to say about a piece of HTML. Faults of form that every design has, or that
+/// browsers do not mind, are left out: no document type, no title, an end tag that may be missing.
+///
+/// There are texts that libtidy dies of, or never comes back from, so it works apart
+/// (platform/IsolatedRun.h). Any thread, several at a time.
+namespace LSMTidy {
+
+/// Found at an index of the HTML. `isAboutAttribute`: it is about one of the tag there, not about
+/// the tag itself.
+struct Message
+{
+    qsizetype index = 0;
+    LSMFinding::Level level = LSMFinding::Level::Warning;
+    QString text;
+    QByteArray key; ///< libtidy's own name of it.
+    bool isAboutAttribute = false;
+};
+
+/// At most as many as asked for, in the order in which libtidy finds them. Nullopt when it has
+/// given up on the text, or was stopped.
+std::optional<std::vector<Message>> messages(const QString &html, qsizetype most,
+                                             const std::stop_token &stop = {});
+
+} // namespace LSMTidy

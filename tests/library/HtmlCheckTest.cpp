@@ -1,0 +1,194 @@
+#include "library/LibraryTestSupport.h"
+
+#include "library/checking/LSMHtmlCheck.h"
+#include "library/checking/LSMHtmlTags.h"
+#include "library/checking/LSMLiveCheck.h"
+#include "library/checking/LSMTidy.h"
+#include <QElapsedTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+LSMHtmlCheck::Context context()
+{
+    return LSMHtmlCheck::Context::of(
+        {{u"LBDesignProperties"_s, QVariantList{QVariantMap{{u"name"_s, u"Glaze Colour"_s}}}}});
+}
+
+/// "line:character+length level text" for each finding.
+QStringList found(const QString &html)
+{
+    QStringList lines;
+    for (const LSMFinding &finding : LSMHtmlCheck::findings(html, context()))
+        lines << u"%1:%2+%3 %4 %5"_s.arg(finding.line)
+                     .arg(finding.character)
+                     .arg(finding.length)
+                     .arg(LSMFindingLevelName(finding.level), finding.text);
+    return lines;
+}
+
+struct Case
+{
+    QString html;
+    QStringList findings;
+};
+
+void expectCases(const QList<Case> &cases)
+{
+    for (const Case &one : cases)
+        EXPECT_EQ(found(one.html), one.findings) << one.html.toStdString();
+}
+
+TEST(HtmlCheck, WhatDesignsAreMadeOfIsNoFault)
+{
+    expectCases({
+        {u""_s, {}},
+        {u"<p>Hello</p>"_s, {}},
+        {u"<style>p { color: red }</style>\n<div class=a><ul><li>a<li>b</ul><br><p>c</div>"_s, {}},
+        {u"<section><article>new</article></section><p></p><a href=\"a b\">x</a> R &amp; D"_s, {}},
+        {u"<h1>[[LBTitle]]</h1><img src=\"[[LBPicture1]]\" alt='[[LBTitle]]' width=[[LBSize]]>"_s,
+         {}},
+        {u"[[if LBPicture2 and not LBProperty_Glaze_Colour]]<b>x</b>[[endif]]"_s, {}},
+        {u"<table>[[if LBSize]]<tr><td>[[LBSize]]</td></tr>[[endif]]</table>"_s, {}},
+        {u"<p [[if LBSize]]class=\"a\"[[endif]] title=\"> [[LBBrand]] <\">x</p>"_s, {}},
+        {u"[[if LBLayoutEnabled_A or LBLayoutNotDefined]]<i id=x>a</i>[[endif]]"
+         "[[if LBLayoutEnabled_B]]<i id=x>b</i>[[endif]]"_s,
+         {}},
+        {u"<img src='data:image/gif;base64,R0' alt=''><img src=https://a.de/b.png alt=b>"_s, {}},
+        {u"a [[0, 1]] [[ b"_s, {}},
+    });
+}
+
+TEST(HtmlCheck, FaultsOfFormAreToldWithTheirPlace)
+{
+    expectCases({
+        {u"<p>a\n<div><b>x</div>"_s, {u"2:6+3 warning </b> is missing before </div>."_s}},
+        {u"<div>\n  <span>x"_s,
+         {u"1:1+5 warning </div> is missing."_s, u"2:3+6 warning </span> is missing."_s}},
+        {u"a</i>"_s, {u"1:2+4 warning </i> has no place here."_s}},
+        {u"<foo>x</foo>"_s,
+         {u"1:1+5 error HTML knows no <foo>."_s, u"1:1+5 warning <foo> has no place here."_s,
+          u"1:7+6 warning </foo> has no place here."_s}},
+        {u"<!-- open"_s, {u"1:1+1 error The comment has no end."_s}},
+        {u"&nbsp &foo; a & b"_s,
+         {u"1:1+1 warning “&nbsp” does not end with “;”."_s,
+          u"1:7+1 warning “&foo” means no character; a plain “&” is written “&amp;”."_s}},
+        {u"<i id=x>a</i><i id=x>b</i>"_s,
+         {u"1:14+8 warning <i> has the name “x”, which another has already."_s}},
+    });
+}
+
+TEST(HtmlCheck, PlacesCountAsInTheEditor)
+{
+    const QString fault = u"</u>"_s;
+    const auto place = [&](const QString &before) {
+        return found(before + fault).value(0).section(u' ', 0, 0);
+    };
+    EXPECT_EQ(place(u"a\r\nb\rc\nd"_s), u"4:2+4"_s);
+    EXPECT_EQ(place(u"a\u2028b\u2029c\u0085 "_s), u"4:2+4"_s);
+    EXPECT_EQ(place(u"ä\t\tß😀"_s), u"1:7+4"_s);
+    EXPECT_EQ(place(u"\uFEFF"_s + QChar(0xD800) + QChar(0) + u"\x07\u0090\uFFFF"_s), u"1:7+4"_s);
+    EXPECT_EQ(place(u"[[LBTitle]]\r\n[[LBTitle]] 😀"_s), u"2:15+4"_s);
+}
+
+TEST(HtmlCheck, TheFormatHasRulesOfItsOwn)
+{
+    expectCases({
+        {u"a [[if LBLayoutEnabled_A <b>x</b>"_s, {u"1:3+2 error The layout marker has no “]]”."_s}},
+        {u"[[if LBLayoutEnabled_A\n[[LBTitle]]"_s,
+         {u"1:1+2 error The layout marker has no “]]”."_s}},
+        {u"[[LBTitle ] [[LBPrice]]"_s, {u"1:1+2 error The placeholder has no “]]”."_s}},
+        {u"[[if LBLayoutEnabled_A or LBLayoutNotDefined]]a[[endif]]\n"
+         "[[if LBLayoutEnabled_A or LBLayoutNotDefined]]a[[endif]]\n"
+         "[[if LBLayoutEnabled_B or LBLayoutNotDefined]]b[[endif]]"_s,
+         {u"3:1+46 warning There is a default layout already; this one does not count."_s}},
+        {u"[[if LBSize]]\n[[endif]][[endif]]"_s,
+         {u"2:10+9 warning There is no “[[if …]]” in front of it that this would end."_s}},
+        {u"[[if LBSize]]x"_s,
+         {u"1:1+13 warning There is no “[[endif]]” behind it: the part reaches to the end."_s}},
+        {u"[[LBTitel]] [[if LBProperty_Gloss or LBSize]][[endif]]"_s,
+         {u"1:3+7 warning There is no placeholder “LBTitel”."_s,
+          u"1:18+16 warning The design has no property for “LBProperty_Gloss”."_s}},
+        {u"<img src=http://a.de/b.png alt=''>"_s,
+         {u"1:10+17 warning The picture's address is not https: buyers may not see it."_s}},
+        {u"<img alt='' src='b.png'><img alt='' src=''>"_s,
+         {u"1:18+5 warning The picture's address is not https: buyers may not see it."_s,
+          u"1:25+19 warning <img> has no value for its attribute “src”."_s}},
+        {u"<div style=\"background: url('http://a.de/b.png')\">x</div>"_s,
+         {u"1:30+17 warning The picture's address is not https: buyers may not see it."_s}},
+        {u"<img src='[[LBPicture1]]'>"_s,
+         {u"1:1+26 note The picture has no text (alt) for those who cannot see it."_s}},
+        {u"<script>if (a < b) { x = \"<img>\" }</script>"_s,
+         {u"1:1+7 warning Marketplaces do not allow scripts in listings."_s}},
+        {u"<p onclick=\"a()\"><a href=' javascript:b()'>x</a></p>"_s,
+         {u"1:4+7 warning Marketplaces do not allow scripts in listings."_s,
+          u"1:21+4 warning Marketplaces do not allow scripts in listings."_s}},
+    });
+}
+
+TEST(HtmlCheck, ManyFindingsAreCutShort)
+{
+    const LSMFindings findings =
+        LSMHtmlCheck::findings(u"<img src='a' alt=''>"_s.repeated(1500), {});
+    ASSERT_EQ(qsizetype(findings.size()), LSMHtmlCheck::mostFindings + 1);
+    EXPECT_EQ(findings.back().text, u"500 more findings are not listed."_s);
+}
+
+// libtidy dies of the first, may die of the second, and never comes back from the third.
+TEST(HtmlCheck, NoTextHarmsTheProgram)
+{
+    const QString gaveUp = u"0:0+0 note The form of the HTML is too odd to be checked."_s;
+    EXPECT_EQ(found(u"<table><tr><td>"_s.repeated(100'000)), QStringList{gaveUp});
+    EXPECT_FALSE(found(u"<b><!doctype html PUBLIC \"x\" \"y\">"_s).isEmpty());
+    EXPECT_EQ(found(QString(LSMHtmlCheck::longestHtml + 1, u'<')),
+              QStringList{u"0:0+0 note The HTML is too long to be checked."_s});
+    LSMLiveCheck check;
+    QList<LSMFindings> told;
+    QObject::connect(&check, &LSMLiveCheck::didCheck,
+                     [&](const LSMFindings &findings) { told << findings; });
+    check.check(u"<dl></table>"_s, {});
+    support::settle();
+    check.check(u"<p>a</p>"_s, {});
+    ASSERT_TRUE(support::waitUntil([&] { return !told.isEmpty(); }, 5));
+    EXPECT_TRUE(told[0].empty());
+}
+
+TEST(HtmlCheck, AStoppedCheckComesBackSoon)
+{
+    std::stop_source stop;
+    stop.request_stop();
+    const QString html = u"<p>text <b>bold</b> & more</p>\n"_s.repeated(300'000);
+    QElapsedTimer timer;
+    timer.start();
+    (void)LSMHtmlCheck::findings(html, {}, stop.get_token());
+    EXPECT_LT(timer.elapsed(), 2000); // all of it takes much longer
+}
+
+TEST(LiveCheck, OnlyTheNewestTextIsTold)
+{
+    LSMLiveCheck check;
+    QList<LSMFindings> told;
+    QObject::connect(&check, &LSMLiveCheck::didCheck,
+                     [&](const LSMFindings &findings) { told << findings; });
+    const QString large = u"<p>text <b>bold</b> & more</p>\n"_s.repeated(40'000);
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 20; ++i)
+        check.check(large, {});
+    check.check(u"a</i>"_s, {});
+    EXPECT_LT(timer.elapsed(), 200) << "handing in waits for nothing";
+    ASSERT_TRUE(support::waitUntil([&] { return !told.isEmpty(); }, 60));
+    ASSERT_EQ(told.size(), 1);
+    ASSERT_EQ(told[0].size(), 1u);
+    EXPECT_EQ(told[0][0].text, u"</i> has no place here."_s);
+
+    check.check(u"a</i>"_s, {});
+    check.cancel();
+    check.check(u"b"_s, {});
+    ASSERT_TRUE(support::waitUntil([&] { return told.size() == 2; }, 60));
+    EXPECT_TRUE(told[1].empty());
+    check.check(large, {}); // goes with the check
+}
+
+} // namespace
