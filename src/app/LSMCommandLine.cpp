@@ -1,9 +1,9 @@
 #include "app/LSMCommandLine.h"
 
 #include "app/AppController.h"
+#include "app/LSMCheckCommand.h"
 #include "app/LSMColourCommand.h"
 #include "app/LSMCommandOutput.h"
-#include "library/checking/LSMBundleCheck.h"
 #include "library/LSMDesignKeys.h"
 #include "library/LSMDesignLayouts.h"
 #include "library/LSMDesignTemplateManager.h"
@@ -103,26 +103,16 @@ int show(const QStringList &arguments)
                                 1);
 }
 
+QStringList libraryPaths()
+{
+    QStringList paths = {library().pathForCustomTemplates(), library().pathForBuiltinTemplates()};
+    paths.removeIf([](const QString &path) { return !QFileInfo::exists(path); });
+    return paths;
+}
+
 int check(const QStringList &arguments)
 {
-    LSMBundleCheck check;
-    QStringList paths = arguments;
-    if (paths.isEmpty()) {
-        for (const QString &path :
-             {library().pathForCustomTemplates(), library().pathForBuiltinTemplates()}) {
-            if (QFileInfo::exists(path))
-                paths.append(path);
-        }
-    }
-    for (const QString &path : paths)
-        check.addPath(path);
-    bool clean = true;
-    for (const LSMFinding &finding : check.findings()) {
-        clean = clean && finding.level == LSMFinding::Level::Note;
-        printLine(platform::format(QStringLiteral("%@: %@: %@"), finding.path,
-                                   LSMFindingLevelName(finding.level), finding.text));
-    }
-    return clean ? 0 : 1;
+    return LSMRunCheckCommand(arguments, libraryPaths);
 }
 
 struct Command

@@ -3,10 +3,9 @@
 #include <optional>
 #include <QStringList>
 
-/// The commands that need no window: `list [--json]`, `show NAME`, `check [PATH...]`, `colour FILE
-/// [--language NAME] [--json|--html]`, for scripts. They read the same folders as the window and
-/// change nothing. Output goes to standard output in
-/// UTF-8, complaints to standard error.
+/// The commands that need no window: `list [--json]`, `show NAME`, `check` (LSMCheckCommand.h),
+/// `colour` (LSMColourCommand.h), for scripts. They read the same folders as the window and change
+/// nothing. Output goes to standard output in UTF-8, complaints to standard error.
 namespace LSMCommandLine {
 
 /// Runs the command that `arguments` (without the program's name) begin with and gives the exit

@@ -65,6 +65,38 @@ TEST_F(CommandLineTest, CheckFailsOnFindings)
     EXPECT_EQ(run({QStringLiteral("check"), home.path(QStringLiteral("nowhere"))}).status, 1);
 }
 
+TEST_F(CommandLineTest, CheckTellsWhereInTheHtml)
+{
+    const QString note = writeDesign(QStringLiteral("Note"), Group::Custom,
+                                     "<p>a</p>\r\n <img src='https://a.de/b.png'>");
+    const QString fault = writeDesign(QStringLiteral("Fault"), Group::Custom, "<foo>");
+    const auto check = [this](const QStringList &words) {
+        return run(QStringList{QStringLiteral("check")} + words);
+    };
+    const Result text = check({note});
+    EXPECT_EQ(text.status, 0);
+    EXPECT_EQ(text.output, note.toUtf8() +
+                               "/body.html:2:2: note: The picture has no text (alt) for "
+                               "those who cannot see it.\n");
+    const QJsonArray findings =
+        QJsonDocument::fromJson(check({fault, QStringLiteral("--json")}).output).array();
+    ASSERT_FALSE(findings.isEmpty());
+    EXPECT_EQ(findings[0][u"path"].toString(), fault + QStringLiteral("/body.html"));
+    EXPECT_EQ(findings[0][u"level"].toString(), QStringLiteral("error"));
+    EXPECT_EQ(findings[0][u"line"].toInt(), 1);
+    EXPECT_EQ(findings[0][u"length"].toInt(), 5);
+
+    const auto failsAt = [&](const QString &path, const char *level) {
+        return check({path, QStringLiteral("--fail-level"), QString::fromLatin1(level)}).status;
+    };
+    EXPECT_EQ(failsAt(note, "note"), 1);
+    EXPECT_EQ(failsAt(note, "error"), 0);
+    EXPECT_EQ(failsAt(fault, "error"), 1);
+    EXPECT_EQ(failsAt(fault, "fatal"), 2);
+    EXPECT_EQ(check({QStringLiteral("--xml")}).status, 2);
+    EXPECT_EQ(check({QStringLiteral("--fail-level")}).status, 2);
+}
+
 TEST_F(CommandLineTest, ColourTellsTheRunsOfAFile)
 {
     const auto write = [this](const QString &name, const QByteArray &bytes) {
