@@ -183,6 +183,10 @@
         <translation>&amp;Ansicht</translation>
     </message>
     <message>
+        <source>Chec&amp;k HTML</source>
+        <translation>HTML prü&amp;fen</translation>
+    </message>
+    <message>
         <source>Check for &amp;Updates…</source>
         <translation>Nach &amp;Updates suchen …</translation>
     </message>
@@ -201,6 +205,10 @@
     <message>
         <source>Designs</source>
         <translation>Designs</translation>
+    </message>
+    <message>
+        <source>F&amp;indings</source>
+        <translation>Befun&amp;de</translation>
     </message>
     <message>
         <source>Hide Toolbar</source>
@@ -249,6 +257,14 @@
     <message>
         <source>Undo &amp;Delete</source>
         <translation>Löschen &amp;zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Next Finding</source>
+        <translation>Nächster Befund</translation>
+    </message>
+    <message>
+        <source>Previous Finding</source>
+        <translation>Voriger Befund</translation>
     </message>
 </context>
 <context>
@@ -311,6 +327,21 @@
     </message>
 </context>
 <context>
+    <name>LSMFindingsView</name>
+    <message>
+        <source>Findings</source>
+        <translation>Befunde</translation>
+    </message>
+    <message>
+        <source>Hide Findings</source>
+        <translation>Befunde ausblenden</translation>
+    </message>
+    <message>
+        <source>Hides the list of findings</source>
+        <translation>Blendet die Liste der Befunde aus</translation>
+    </message>
+</context>
+<context>
     <name>LSMKeywordsViewController</name>
     <message>
         <source>Add a keyword</source>
@@ -328,16 +359,16 @@
 <context>
     <name>LSMPreferencesPanelController</name>
     <message>
-        <source>General</source>
-        <translation>Allgemein</translation>
-    </message>
-    <message>
         <source>&amp;Finder label:</source>
         <translation>&amp;Finder-Etikett:</translation>
     </message>
     <message>
         <source>&amp;Lotbook version:</source>
         <translation>&amp;Lotbook-Version:</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
     </message>
     <message>
         <source>Its designs are the ones to work on, from the next start.</source>
@@ -480,275 +511,6 @@
     </message>
 </context>
 <context>
-    <name>MGSPrefsCommonViews</name>
-    <message>
-        <source>Restore Defaults…</source>
-        <translation>Standard wiederherstellen …</translation>
-    </message>
-</context>
-<context>
-    <name>MGSPrefsEditorProperties</name>
-    <message>
-        <source>Editing:</source>
-        <translation>Bearbeiten:</translation>
-    </message>
-    <message>
-        <source>Color the code</source>
-        <translation>Code einfärben</translation>
-    </message>
-    <message>
-        <source>Highlight the current line</source>
-        <translation>Aktuelle Zeile hervorheben</translation>
-    </message>
-    <message>
-        <source>Show the matching bracket</source>
-        <translation>Zugehörige Klammer zeigen</translation>
-    </message>
-    <message>
-        <source>Show invisible characters</source>
-        <translation>Unsichtbare Zeichen zeigen</translation>
-    </message>
-    <message>
-        <source>Wrap lines</source>
-        <translation>Zeilen umbrechen</translation>
-    </message>
-    <message>
-        <source>at the page guide</source>
-        <translation>an der Seitenlinie</translation>
-    </message>
-    <message>
-        <source>Show a page guide at column</source>
-        <translation>Seitenlinie zeigen in Spalte</translation>
-    </message>
-    <message>
-        <source>Column of the page guide</source>
-        <translation>Spalte der Seitenlinie</translation>
-    </message>
-    <message>
-        <source>Show errors</source>
-        <translation>Fehler zeigen</translation>
-    </message>
-    <message>
-        <source>Underline what is wrong</source>
-        <translation>Falsches unterstreichen</translation>
-    </message>
-    <message>
-        <source>Line height:</source>
-        <translation>Zeilenhöhe:</translation>
-    </message>
-    <message>
-        <source>automatic</source>
-        <translation>automatisch</translation>
-    </message>
-    <message>
-        <source>Gutter:</source>
-        <translation>Randspalte:</translation>
-    </message>
-    <message>
-        <source>Show the gutter</source>
-        <translation>Randspalte zeigen</translation>
-    </message>
-    <message>
-        <source>Show line numbers</source>
-        <translation>Zeilennummern zeigen</translation>
-    </message>
-    <message>
-        <source>Width at least:</source>
-        <translation>Breite mindestens:</translation>
-    </message>
-    <message>
-        <source> px</source>
-        <translation> px</translation>
-    </message>
-    <message>
-        <source>Completion:</source>
-        <translation>Vervollständigen:</translation>
-    </message>
-    <message>
-        <source>Suggest while typing, after</source>
-        <translation>Beim Tippen vorschlagen, nach</translation>
-    </message>
-    <message>
-        <source> s</source>
-        <translation> s</translation>
-    </message>
-    <message>
-        <source>Delay of suggestions</source>
-        <translation>Wartezeit bis zu Vorschlägen</translation>
-    </message>
-    <message>
-        <source>Suggest the language&apos;s keywords</source>
-        <translation>Schlüsselwörter der Sprache vorschlagen</translation>
-    </message>
-    <message>
-        <source>Insert closing parentheses</source>
-        <translation>Schließende Klammern einsetzen</translation>
-    </message>
-    <message>
-        <source>Insert closing braces</source>
-        <translation>Schließende geschweifte Klammern einsetzen</translation>
-    </message>
-    <message>
-        <source>Indenting:</source>
-        <translation>Einrücken:</translation>
-    </message>
-    <message>
-        <source>Tab width:</source>
-        <translation>Tabulatorbreite:</translation>
-    </message>
-    <message>
-        <source>Indent width:</source>
-        <translation>Einzugsbreite:</translation>
-    </message>
-    <message>
-        <source>Indent with spaces</source>
-        <translation>Mit Leerzeichen einrücken</translation>
-    </message>
-    <message>
-        <source>Indent to the next tab stop</source>
-        <translation>Bis zum nächsten Tabulator einrücken</translation>
-    </message>
-    <message>
-        <source>Indent new lines automatically</source>
-        <translation>Neue Zeilen selbsttätig einrücken</translation>
-    </message>
-    <message>
-        <source>Indent braces automatically</source>
-        <translation>Geschweifte Klammern selbsttätig einrücken</translation>
-    </message>
-    <message>
-        <source>Font:</source>
-        <translation>Schrift:</translation>
-    </message>
-    <message>
-        <source>Font of the code</source>
-        <translation>Schrift des Codes</translation>
-    </message>
-</context>
-<context>
-    <name>MGSPrefsColourProperties</name>
-    <message>
-        <source>Scheme:</source>
-        <translation>Schema:</translation>
-    </message>
-    <message>
-        <source>Editor:</source>
-        <translation>Editor:</translation>
-    </message>
-    <message>
-        <source>Text:</source>
-        <translation>Text:</translation>
-    </message>
-    <message>
-        <source>Background:</source>
-        <translation>Hintergrund:</translation>
-    </message>
-    <message>
-        <source>Current line:</source>
-        <translation>Aktuelle Zeile:</translation>
-    </message>
-    <message>
-        <source>Insertion point:</source>
-        <translation>Einfügemarke:</translation>
-    </message>
-    <message>
-        <source>Invisible characters:</source>
-        <translation>Unsichtbare Zeichen:</translation>
-    </message>
-    <message>
-        <source>Errors:</source>
-        <translation>Fehler:</translation>
-    </message>
-    <message>
-        <source>Code:</source>
-        <translation>Code:</translation>
-    </message>
-    <message>
-        <source>Attributes</source>
-        <translation>Attribute</translation>
-    </message>
-    <message>
-        <source>Completions</source>
-        <translation>Vervollständigungen</translation>
-    </message>
-    <message>
-        <source>Commands</source>
-        <translation>Befehle</translation>
-    </message>
-    <message>
-        <source>Comments</source>
-        <translation>Kommentare</translation>
-    </message>
-    <message>
-        <source>Instructions</source>
-        <translation>Anweisungen</translation>
-    </message>
-    <message>
-        <source>Keywords</source>
-        <translation>Schlüsselwörter</translation>
-    </message>
-    <message>
-        <source>Numbers</source>
-        <translation>Zahlen</translation>
-    </message>
-    <message>
-        <source>Strings</source>
-        <translation>Zeichenketten</translation>
-    </message>
-    <message>
-        <source>Variables</source>
-        <translation>Variablen</translation>
-    </message>
-    <message>
-        <source>Color of attributes</source>
-        <translation>Farbe der Attribute</translation>
-    </message>
-    <message>
-        <source>Color of completions</source>
-        <translation>Farbe der Vervollständigungen</translation>
-    </message>
-    <message>
-        <source>Color of commands</source>
-        <translation>Farbe der Befehle</translation>
-    </message>
-    <message>
-        <source>Color of comments</source>
-        <translation>Farbe der Kommentare</translation>
-    </message>
-    <message>
-        <source>Color of instructions</source>
-        <translation>Farbe der Anweisungen</translation>
-    </message>
-    <message>
-        <source>Color of keywords</source>
-        <translation>Farbe der Schlüsselwörter</translation>
-    </message>
-    <message>
-        <source>Color of numbers</source>
-        <translation>Farbe der Zahlen</translation>
-    </message>
-    <message>
-        <source>Color of strings</source>
-        <translation>Farbe der Zeichenketten</translation>
-    </message>
-    <message>
-        <source>Color of variables</source>
-        <translation>Farbe der Variablen</translation>
-    </message>
-    <message>
-        <source>Other:</source>
-        <translation>Weiteres:</translation>
-    </message>
-    <message>
-        <source>Color strings over several lines</source>
-        <translation>Zeichenketten über mehrere Zeilen einfärben</translation>
-    </message>
-    <message>
-        <source>Color what is not closed to the end of its line only</source>
-        <translation>Nicht Geschlossenes nur bis zum Zeilenende einfärben</translation>
-    </message>
-</context>
-<context>
     <name>LSMValuesViewController</name>
     <message>
         <source>Add a value</source>
@@ -766,56 +528,16 @@
 <context>
     <name>Localizable</name>
     <message>
-        <source>What you have set on this page will be lost.</source>
-        <translation>Was Sie auf dieser Seite eingestellt haben, geht verloren.</translation>
-    </message>
-    <message>
-        <source>Until you choose colors, they follow light and dark.</source>
-        <translation>Bis Sie Farben wählen, richten sie sich nach Hell und Dunkel.</translation>
-    </message>
-    <message>
-        <source>Restore the defaults?</source>
-        <translation>Standard wiederherstellen?</translation>
-    </message>
-    <message>
-        <source>Restore</source>
-        <translation>Wiederherstellen</translation>
-    </message>
-    <message>
-        <source>Editor</source>
-        <translation>Editor</translation>
-    </message>
-    <message>
-        <source>Colors</source>
-        <translation>Farben</translation>
-    </message>
-    <message>
-        <source>%@ - %@pt</source>
-        <translation>%@ – %@ pt</translation>
-    </message>
-    <message>
-        <source>Keywords of the design</source>
-        <translation>Stichwörter des Designs</translation>
-    </message>
-    <message>
-        <source>Edit the list of known keywords</source>
-        <translation>Liste der bekannten Stichwörter bearbeiten</translation>
-    </message>
-    <message>
-        <source>A design keeps its keywords when they are removed from this list.</source>
-        <translation>Ein Design behält seine Stichwörter, auch wenn sie aus dieser Liste entfernt werden.</translation>
-    </message>
-    <message>
-        <source>“%@” is in the list already.</source>
-        <translation>„%@“ steht schon in der Liste.</translation>
-    </message>
-    <message>
         <source>%@ (At character %d.)</source>
         <translation>%@ (Bei Zeichen %d.)</translation>
     </message>
     <message>
         <source>%@ (edited)</source>
         <translation>%@ (bearbeitet)</translation>
+    </message>
+    <message>
+        <source>%@ - %@pt</source>
+        <translation>%@ – %@ pt</translation>
     </message>
     <message>
         <source>%@ cannot be coloured: %@</source>
@@ -826,8 +548,36 @@
         <translation>%@ Designs</translation>
     </message>
     <message>
+        <source>%@ has no end; a quotation mark may be missing.</source>
+        <translation>%@ hat kein Ende; vielleicht fehlt ein Anführungszeichen.</translation>
+    </message>
+    <message>
+        <source>%@ has no place here.</source>
+        <translation>%@ hat hier keinen Platz.</translation>
+    </message>
+    <message>
+        <source>%@ has no value for its attribute “%@”.</source>
+        <translation>%@ hat für sein Attribut „%@“ keinen Wert.</translation>
+    </message>
+    <message>
+        <source>%@ has no “&gt;” at its end.</source>
+        <translation>%@ hat am Ende kein „&gt;“.</translation>
+    </message>
+    <message>
+        <source>%@ has the attribute “%@” more than once.</source>
+        <translation>%@ hat das Attribut „%@“ mehrfach.</translation>
+    </message>
+    <message>
+        <source>%@ has the name “%@”, which another has already.</source>
+        <translation>%@ hat den Namen „%@“, den schon ein anderes Element hat.</translation>
+    </message>
+    <message>
         <source>%@ must be %@.</source>
         <translation>%@ muss %@ sein.</translation>
+    </message>
+    <message>
+        <source>%@ must not stand in %@.</source>
+        <translation>%@ darf nicht in %@ stehen.</translation>
     </message>
     <message>
         <source>%@ of %@</source>
@@ -838,16 +588,40 @@
         <translation>%@ von %@ Designs</translation>
     </message>
     <message>
+        <source>%@ should probably be %@.</source>
+        <translation>%@ soll wohl %@ heißen.</translation>
+    </message>
+    <message>
         <source>%@ stands beside it: its conversion was cut short, or these are two designs. The old file still loads.</source>
         <translation>%@ steht daneben: Seine Umwandlung wurde unterbrochen, oder dies sind zwei Designs. Die alte Datei wird weiterhin geladen.</translation>
+    </message>
+    <message>
+        <source>%@ stands where &lt;/%@&gt; should.</source>
+        <translation>%@ steht, wo &lt;/%@&gt; stehen sollte.</translation>
+    </message>
+    <message>
+        <source>%@, %@ could not be read</source>
+        <translation>%@, %@ nicht lesbar</translation>
     </message>
     <message>
         <source>%ld bytes</source>
         <translation>%ld Byte</translation>
     </message>
     <message>
+        <source>%ld errors</source>
+        <translation>%ld Fehler</translation>
+    </message>
+    <message>
         <source>%ld found</source>
         <translation>%ld gefunden</translation>
+    </message>
+    <message>
+        <source>%ld more findings are not listed.</source>
+        <translation>%ld weitere Befunde sind nicht aufgeführt.</translation>
+    </message>
+    <message>
+        <source>%ld notes</source>
+        <translation>%ld Hinweise</translation>
     </message>
     <message>
         <source>%ld of %ld</source>
@@ -858,8 +632,20 @@
         <translation>%ld ersetzt</translation>
     </message>
     <message>
+        <source>%ld warnings</source>
+        <translation>%ld Warnungen</translation>
+    </message>
+    <message>
         <source>&amp;Show:</source>
         <translation>&amp;Zeigen:</translation>
+    </message>
+    <message>
+        <source>&lt;/%@&gt; is missing before %@.</source>
+        <translation>&lt;/%@&gt; fehlt vor %@.</translation>
+    </message>
+    <message>
+        <source>&lt;/%@&gt; is missing.</source>
+        <translation>&lt;/%@&gt; fehlt.</translation>
     </message>
     <message>
         <source>&quot;%@&quot; answered with an error: %@</source>
@@ -886,6 +672,18 @@
         <translation>1 Design</translation>
     </message>
     <message>
+        <source>1 error</source>
+        <translation>1 Fehler</translation>
+    </message>
+    <message>
+        <source>1 note</source>
+        <translation>1 Hinweis</translation>
+    </message>
+    <message>
+        <source>1 warning</source>
+        <translation>1 Warnung</translation>
+    </message>
+    <message>
         <source>A backslash stands before something that has no meaning with it.</source>
         <translation>Ein Backslash steht vor etwas, das mit ihm keine Bedeutung hat.</translation>
     </message>
@@ -902,6 +700,10 @@
         <translation>Ein abgebrochenes Löschen oder Zurückholen hat diesen Ordner hinterlassen; nichts benutzt ihn.</translation>
     </message>
     <message>
+        <source>A design keeps its keywords when they are removed from this list.</source>
+        <translation>Ein Design behält seine Stichwörter, auch wenn sie aus dieser Liste entfernt werden.</translation>
+    </message>
+    <message>
         <source>A design must be a folder, and this is none.</source>
         <translation>Ein Design muss ein Ordner sein; dies ist keiner.</translation>
     </message>
@@ -916,6 +718,10 @@
     <message>
         <source>A parenthesis is missing or stands alone.</source>
         <translation>Eine Klammer fehlt oder steht allein.</translation>
+    </message>
+    <message>
+        <source>A quotation mark of an attribute is missing.</source>
+        <translation>Ein Anführungszeichen eines Attributs fehlt.</translation>
     </message>
     <message>
         <source>A range of characters ends before it begins.</source>
@@ -972,6 +778,14 @@
     <message>
         <source>An old design must be a file, and this is none.</source>
         <translation>Ein altes Design muss eine Datei sein; dies ist keine.</translation>
+    </message>
+    <message>
+        <source>Another design has the same identifier.</source>
+        <translation>Ein anderes Design hat dieselbe Kennung.</translation>
+    </message>
+    <message>
+        <source>Another design has the same name.</source>
+        <translation>Ein anderes Design hat denselben Namen.</translation>
     </message>
     <message>
         <source>Are you sure you want to save the Template '%@'? The following issues were found:
@@ -1066,6 +880,10 @@
         <translation>Farbe</translation>
     </message>
     <message>
+        <source>Colors</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
         <source>Comment or Uncomment</source>
         <translation>Kommentar ein oder aus</translation>
     </message>
@@ -1100,6 +918,10 @@
     <message>
         <source>Copy</source>
         <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Could not be saved: %@</source>
+        <translation>Konnte nicht gesichert werden: %@</translation>
     </message>
     <message>
         <source>Couldn&apos;t change design identifier of selected listing in Lotbook.</source>
@@ -1222,6 +1044,14 @@
         <translation>Dupliziert das ausgewählte Design.</translation>
     </message>
     <message>
+        <source>Edit the list of known keywords</source>
+        <translation>Liste der bekannten Stichwörter bearbeiten</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message>
         <source>Empty Fields</source>
         <translation>Leere Felder</translation>
     </message>
@@ -1302,6 +1132,10 @@
         <translation>HTML</translation>
     </message>
     <message>
+        <source>HTML knows no %@.</source>
+        <translation>HTML kennt kein %@.</translation>
+    </message>
+    <message>
         <source>HTML of the design</source>
         <translation>HTML des Designs</translation>
     </message>
@@ -1322,8 +1156,16 @@
         <translation>Behalten</translation>
     </message>
     <message>
+        <source>Keywords of the design</source>
+        <translation>Stichwörter des Designs</translation>
+    </message>
+    <message>
         <source>Layouts</source>
         <translation>Layouts</translation>
+    </message>
+    <message>
+        <source>Line %ld: %@</source>
+        <translation>Zeile %ld: %@</translation>
     </message>
     <message>
         <source>Line number:</source>
@@ -1348,6 +1190,10 @@
     <message>
         <source>Make Uppercase</source>
         <translation>In Großbuchstaben</translation>
+    </message>
+    <message>
+        <source>Marketplaces do not allow scripts in listings.</source>
+        <translation>Marktplätze erlauben in Angeboten keine Skripte.</translation>
     </message>
     <message>
         <source>Missing Pictures</source>
@@ -1398,6 +1244,10 @@
         <translation>Kein Design passt zu „%@“.</translation>
     </message>
     <message>
+        <source>No findings</source>
+        <translation>Keine Befunde</translation>
+    </message>
+    <message>
         <source>No Name</source>
         <translation>Ohne Namen</translation>
     </message>
@@ -1412,6 +1262,10 @@
     <message>
         <source>None</source>
         <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Not a price yet; such as 9.90</source>
+        <translation>Noch kein Preis; zum Beispiel 9.90</translation>
     </message>
     <message>
         <source>Not a property: %@</source>
@@ -1582,8 +1436,16 @@
         <translation>Neustart nötig</translation>
     </message>
     <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
         <source>Restore &amp;Defaults</source>
         <translation>&amp;Standard wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Restore the defaults?</source>
+        <translation>Standard wiederherstellen?</translation>
     </message>
     <message>
         <source>Reveal in Finder</source>
@@ -1666,6 +1528,10 @@
         <translation>Symbolleiste einblenden</translation>
     </message>
     <message>
+        <source>Shows or hides the list of findings</source>
+        <translation>Zeigt die Liste der Befunde oder blendet sie aus</translation>
+    </message>
+    <message>
         <source>Some designs have not been saved. Should the Layoutsmith quit anyway?</source>
         <translation>Einige Designs sind noch nicht gesichert. Soll Layoutsmith trotzdem beendet werden?</translation>
     </message>
@@ -1690,10 +1556,6 @@
         <translation>Zum Beispiel 8.2</translation>
     </message>
     <message>
-        <source>Not a price yet; such as 9.90</source>
-        <translation>Noch kein Preis; zum Beispiel 9.90</translation>
-    </message>
-    <message>
         <source>Such as https://www.example.com</source>
         <translation>Zum Beispiel https://www.example.com</translation>
     </message>
@@ -1710,6 +1572,10 @@
         <translation>Nur Text</translation>
     </message>
     <message>
+        <source>The comment has no end.</source>
+        <translation>Der Kommentar hat kein Ende.</translation>
+    </message>
+    <message>
         <source>The design could not be removed from the disk, and comes back at the next start:
 
 %@</source>
@@ -1720,6 +1586,10 @@
     <message>
         <source>The design does not load: %@</source>
         <translation>Das Design wird nicht geladen: %@</translation>
+    </message>
+    <message>
+        <source>The design has no property for “%@”.</source>
+        <translation>Das Design hat keine Eigenschaft für „%@“.</translation>
     </message>
     <message>
         <source>The design was not deleted, because no copy of it could be kept for bringing it back:
@@ -1762,12 +1632,20 @@
         <translation>Der Ordner kann nicht gelesen werden.</translation>
     </message>
     <message>
+        <source>The form of the HTML is too odd to be checked.</source>
+        <translation>Die Form des HTML ist zu ungewöhnlich, um geprüft zu werden.</translation>
+    </message>
+    <message>
         <source>The HTML cannot be read and counts as empty: %@</source>
         <translation>Das HTML kann nicht gelesen werden und gilt als leer: %@</translation>
     </message>
     <message>
         <source>The HTML names no layouts</source>
         <translation>Das HTML nennt keine Layouts</translation>
+    </message>
+    <message>
+        <source>The layout marker has no “]]”.</source>
+        <translation>Die Layoutmarke hat kein „]]“.</translation>
     </message>
     <message>
         <source>The Layoutsmith</source>
@@ -1792,6 +1670,22 @@
     <message>
         <source>The numbers in braces stand in the wrong order.</source>
         <translation>Die Zahlen in den geschweiften Klammern stehen in falscher Reihenfolge.</translation>
+    </message>
+    <message>
+        <source>The picture cannot be read</source>
+        <translation>Das Bild ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>The picture has no text (alt) for those who cannot see it.</source>
+        <translation>Das Bild hat keinen Text (alt) für die, die es nicht sehen können.</translation>
+    </message>
+    <message>
+        <source>The picture&apos;s address is not https: buyers may not see it.</source>
+        <translation>Die Adresse des Bildes ist nicht https: Käufer sehen es vielleicht nicht.</translation>
+    </message>
+    <message>
+        <source>The placeholder has no “]]”.</source>
+        <translation>Der Platzhalter hat kein „]]“.</translation>
     </message>
     <message>
         <source>The preview needs the module "layoutsmith_web", which is not installed.</source>
@@ -1836,6 +1730,10 @@
         <translation>Es gibt noch keine Designs. Lege das erste an, oder installiere Lotbook, um dessen mitgelieferte Designs hier zu finden.</translation>
     </message>
     <message>
+        <source>There is a default layout already; this one does not count.</source>
+        <translation>Es gibt schon ein Standardlayout; dieses zählt nicht.</translation>
+    </message>
+    <message>
         <source>There is a scheme in the file &quot;%@&quot; already.</source>
         <translation>In der Datei „%@“ ist bereits ein Schema.</translation>
     </message>
@@ -1846,6 +1744,18 @@
     <message>
         <source>there is no language "%@"</source>
         <translation>eine Sprache „%@“ gibt es nicht</translation>
+    </message>
+    <message>
+        <source>There is no placeholder “%@”.</source>
+        <translation>Es gibt keinen Platzhalter „%@“.</translation>
+    </message>
+    <message>
+        <source>There is no “[[endif]]” behind it: the part reaches to the end.</source>
+        <translation>Dahinter steht kein „[[endif]]“: Der Teil reicht bis zum Ende.</translation>
+    </message>
+    <message>
+        <source>There is no “[[if …]]” in front of it that this would end.</source>
+        <translation>Davor steht kein „[[if …]]“, das hier enden würde.</translation>
     </message>
     <message>
         <source>There is nothing at this path.</source>
@@ -1904,6 +1814,14 @@
         <translation>Ungesicherte Änderungen</translation>
     </message>
     <message>
+        <source>Until you choose colors, they follow light and dark.</source>
+        <translation>Bis Sie Farben wählen, richten sie sich nach Hell und Dunkel.</translation>
+    </message>
+    <message>
+        <source>usage: layoutsmith check [PATH...] [--json] [--fail-level note|warning|error]</source>
+        <translation>Aufruf: layoutsmith check [PFAD...] [--json] [--fail-level note|warning|error]</translation>
+    </message>
+    <message>
         <source>usage: layoutsmith colour FILE [--language NAME] [--json|--html]</source>
         <translation>Aufruf: layoutsmith colour DATEI [--language NAME] [--json|--html]</translation>
     </message>
@@ -1956,6 +1874,10 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Was dieses Design an Stelle seiner Eigenschaften hat, ist keine Liste. Es bleibt, wie es ist.</translation>
     </message>
     <message>
+        <source>What you have set on this page will be lost.</source>
+        <translation>Was Sie auf dieser Seite eingestellt haben, geht verloren.</translation>
+    </message>
+    <message>
         <source>Will display this template in Lotbook.</source>
         <translation>Zeigt diese Vorlage in Lotbook.</translation>
     </message>
@@ -1972,32 +1894,36 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Ja</translation>
     </message>
     <message>
+        <source>“%@” could not be saved: %@</source>
+        <translation>„%@“ konnte nicht gesichert werden: %@</translation>
+    </message>
+    <message>
+        <source>“%@” does not end with “;”.</source>
+        <translation>„%@“ endet nicht mit „;“.</translation>
+    </message>
+    <message>
+        <source>“%@” is in the list already.</source>
+        <translation>„%@“ steht schon in der Liste.</translation>
+    </message>
+    <message>
         <source>“%@” is not a picture that can be read. The design keeps the one that it has.</source>
         <translation>„%@“ ist kein lesbares Bild. Das Design behält das Bild, das es hat.</translation>
+    </message>
+    <message>
+        <source>“%@” means no character; a plain “&amp;” is written “&amp;amp;”.</source>
+        <translation>„%@“ steht für kein Zeichen; ein bloßes „&amp;“ schreibt man „&amp;amp;“.</translation>
     </message>
     <message>
         <source>“%@” was deleted.</source>
         <translation>„%@“ wurde gelöscht.</translation>
     </message>
     <message>
-        <source>“%@” could not be saved: %@</source>
-        <translation>„%@“ konnte nicht gesichert werden: %@</translation>
-    </message>
-    <message>
         <source>“%@” was saved.</source>
         <translation>„%@“ wurde gesichert.</translation>
     </message>
     <message>
-        <source>Could not be saved: %@</source>
-        <translation>Konnte nicht gesichert werden: %@</translation>
-    </message>
-    <message>
-        <source>The picture cannot be read</source>
-        <translation>Das Bild ist nicht lesbar</translation>
-    </message>
-    <message>
-        <source>%@, %@ could not be read</source>
-        <translation>%@, %@ nicht lesbar</translation>
+        <source>The HTML is too long to be checked.</source>
+        <translation>Das HTML ist zu lang, um geprüft zu werden.</translation>
     </message>
 </context>
 <context>
@@ -2017,6 +1943,275 @@ Eine Werkbank für Angebotsdesigns.</translation>
     <message>
         <source>Save Scheme</source>
         <translation>Schema sichern</translation>
+    </message>
+</context>
+<context>
+    <name>MGSPrefsColourProperties</name>
+    <message>
+        <source>Attributes</source>
+        <translation>Attribute</translation>
+    </message>
+    <message>
+        <source>Background:</source>
+        <translation>Hintergrund:</translation>
+    </message>
+    <message>
+        <source>Code:</source>
+        <translation>Code:</translation>
+    </message>
+    <message>
+        <source>Color of attributes</source>
+        <translation>Farbe der Attribute</translation>
+    </message>
+    <message>
+        <source>Color of commands</source>
+        <translation>Farbe der Befehle</translation>
+    </message>
+    <message>
+        <source>Color of comments</source>
+        <translation>Farbe der Kommentare</translation>
+    </message>
+    <message>
+        <source>Color of completions</source>
+        <translation>Farbe der Vervollständigungen</translation>
+    </message>
+    <message>
+        <source>Color of instructions</source>
+        <translation>Farbe der Anweisungen</translation>
+    </message>
+    <message>
+        <source>Color of keywords</source>
+        <translation>Farbe der Schlüsselwörter</translation>
+    </message>
+    <message>
+        <source>Color of numbers</source>
+        <translation>Farbe der Zahlen</translation>
+    </message>
+    <message>
+        <source>Color of strings</source>
+        <translation>Farbe der Zeichenketten</translation>
+    </message>
+    <message>
+        <source>Color of variables</source>
+        <translation>Farbe der Variablen</translation>
+    </message>
+    <message>
+        <source>Color strings over several lines</source>
+        <translation>Zeichenketten über mehrere Zeilen einfärben</translation>
+    </message>
+    <message>
+        <source>Color what is not closed to the end of its line only</source>
+        <translation>Nicht Geschlossenes nur bis zum Zeilenende einfärben</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation>Kommentare</translation>
+    </message>
+    <message>
+        <source>Completions</source>
+        <translation>Vervollständigungen</translation>
+    </message>
+    <message>
+        <source>Current line:</source>
+        <translation>Aktuelle Zeile:</translation>
+    </message>
+    <message>
+        <source>Editor:</source>
+        <translation>Editor:</translation>
+    </message>
+    <message>
+        <source>Errors:</source>
+        <translation>Fehler:</translation>
+    </message>
+    <message>
+        <source>Insertion point:</source>
+        <translation>Einfügemarke:</translation>
+    </message>
+    <message>
+        <source>Instructions</source>
+        <translation>Anweisungen</translation>
+    </message>
+    <message>
+        <source>Invisible characters:</source>
+        <translation>Unsichtbare Zeichen:</translation>
+    </message>
+    <message>
+        <source>Keywords</source>
+        <translation>Schlüsselwörter</translation>
+    </message>
+    <message>
+        <source>Numbers</source>
+        <translation>Zahlen</translation>
+    </message>
+    <message>
+        <source>Other:</source>
+        <translation>Weiteres:</translation>
+    </message>
+    <message>
+        <source>Scheme:</source>
+        <translation>Schema:</translation>
+    </message>
+    <message>
+        <source>Strings</source>
+        <translation>Zeichenketten</translation>
+    </message>
+    <message>
+        <source>Text:</source>
+        <translation>Text:</translation>
+    </message>
+    <message>
+        <source>Variables</source>
+        <translation>Variablen</translation>
+    </message>
+</context>
+<context>
+    <name>MGSPrefsCommonViews</name>
+    <message>
+        <source>Restore Defaults…</source>
+        <translation>Standard wiederherstellen …</translation>
+    </message>
+</context>
+<context>
+    <name>MGSPrefsEditorProperties</name>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>at the page guide</source>
+        <translation>an der Seitenlinie</translation>
+    </message>
+    <message>
+        <source>automatic</source>
+        <translation>automatisch</translation>
+    </message>
+    <message>
+        <source>Color the code</source>
+        <translation>Code einfärben</translation>
+    </message>
+    <message>
+        <source>Column of the page guide</source>
+        <translation>Spalte der Seitenlinie</translation>
+    </message>
+    <message>
+        <source>Completion:</source>
+        <translation>Vervollständigen:</translation>
+    </message>
+    <message>
+        <source>Delay of suggestions</source>
+        <translation>Wartezeit bis zu Vorschlägen</translation>
+    </message>
+    <message>
+        <source>Editing:</source>
+        <translation>Bearbeiten:</translation>
+    </message>
+    <message>
+        <source>Font of the code</source>
+        <translation>Schrift des Codes</translation>
+    </message>
+    <message>
+        <source>Font:</source>
+        <translation>Schrift:</translation>
+    </message>
+    <message>
+        <source>Gutter:</source>
+        <translation>Randspalte:</translation>
+    </message>
+    <message>
+        <source>Highlight the current line</source>
+        <translation>Aktuelle Zeile hervorheben</translation>
+    </message>
+    <message>
+        <source>Indent braces automatically</source>
+        <translation>Geschweifte Klammern selbsttätig einrücken</translation>
+    </message>
+    <message>
+        <source>Indent new lines automatically</source>
+        <translation>Neue Zeilen selbsttätig einrücken</translation>
+    </message>
+    <message>
+        <source>Indent to the next tab stop</source>
+        <translation>Bis zum nächsten Tabulator einrücken</translation>
+    </message>
+    <message>
+        <source>Indent width:</source>
+        <translation>Einzugsbreite:</translation>
+    </message>
+    <message>
+        <source>Indent with spaces</source>
+        <translation>Mit Leerzeichen einrücken</translation>
+    </message>
+    <message>
+        <source>Indenting:</source>
+        <translation>Einrücken:</translation>
+    </message>
+    <message>
+        <source>Insert closing braces</source>
+        <translation>Schließende geschweifte Klammern einsetzen</translation>
+    </message>
+    <message>
+        <source>Insert closing parentheses</source>
+        <translation>Schließende Klammern einsetzen</translation>
+    </message>
+    <message>
+        <source>Line height:</source>
+        <translation>Zeilenhöhe:</translation>
+    </message>
+    <message>
+        <source>Show a page guide at column</source>
+        <translation>Seitenlinie zeigen in Spalte</translation>
+    </message>
+    <message>
+        <source>Show errors</source>
+        <translation>Fehler zeigen</translation>
+    </message>
+    <message>
+        <source>Show invisible characters</source>
+        <translation>Unsichtbare Zeichen zeigen</translation>
+    </message>
+    <message>
+        <source>Show line numbers</source>
+        <translation>Zeilennummern zeigen</translation>
+    </message>
+    <message>
+        <source>Show the gutter</source>
+        <translation>Randspalte zeigen</translation>
+    </message>
+    <message>
+        <source>Show the matching bracket</source>
+        <translation>Zugehörige Klammer zeigen</translation>
+    </message>
+    <message>
+        <source>Suggest the language&apos;s keywords</source>
+        <translation>Schlüsselwörter der Sprache vorschlagen</translation>
+    </message>
+    <message>
+        <source>Suggest while typing, after</source>
+        <translation>Beim Tippen vorschlagen, nach</translation>
+    </message>
+    <message>
+        <source>Tab width:</source>
+        <translation>Tabulatorbreite:</translation>
+    </message>
+    <message>
+        <source>Underline what is wrong</source>
+        <translation>Falsches unterstreichen</translation>
+    </message>
+    <message>
+        <source>Width at least:</source>
+        <translation>Breite mindestens:</translation>
+    </message>
+    <message>
+        <source>Wrap lines</source>
+        <translation>Zeilen umbrechen</translation>
     </message>
 </context>
 <context>

@@ -115,12 +115,15 @@ void LSMDesignEditorViewController::showSource()
             Document &left = documentOf(m_shownDesign);
             left.selections = view->selections();
             left.position = view->scrollPosition();
+            left.folded = view->layoutManager()->hiddenLines().stretches();
         }
         m_shownDesign = m_design;
-        const Document shown = m_design
-                                   ? documentOf(m_design)
-                                   : Document{std::make_shared<platform::TextStorage>(), {}, {}};
+        const Document shown =
+            m_design ? documentOf(m_design)
+                     : Document{std::make_shared<platform::TextStorage>(), {}, {}, {}};
         m_ui->fragariaView->replaceTextStorage(shown.text);
+        for (const auto &[first, last] : shown.folded)
+            view->layoutManager()->hideLines(first, last);
         view->setSelections(shown.selections);
         view->setScrollPosition(shown.position);
     }
@@ -150,7 +153,7 @@ LSMDesignEditorViewController::documentOf(LSMDesignTemplate *design)
     });
     connect(design, &LSMDesignTemplate::templateShouldBeSavedDidChange, this,
             [this, design] { noteSaved(design); });
-    Document document{std::make_shared<platform::TextStorage>(), {}, {}};
+    Document document{std::make_shared<platform::TextStorage>(), {}, {}, {}};
     document.text->setString(design->htmlSourceCode());
     return m_documents.emplace(design, document).first->second;
 }

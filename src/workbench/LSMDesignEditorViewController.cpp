@@ -11,6 +11,7 @@
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
 #include "ui_LSMDesignEditorViewController.h"
+#include "workbench/LSMDesignChecking.h"
 #include "workbench/LSMNotifications.h"
 
 using namespace std::chrono_literals;
@@ -79,6 +80,9 @@ void LSMDesignEditorViewController::viewDidLoad()
     }
     configureSplitter();
     configureFragariaView();
+    m_checking = new LSMDesignChecking(m_ui->fragariaView, m_ui->findingsView, m_manager, this);
+    connect(m_checking, &LSMDesignChecking::sightWasAskedFor, this,
+            [this] { setSelectedTab(HtmlTab); });
     populatePlaceholderMenu();
     configureFields();
     configureHostFields();
@@ -174,6 +178,7 @@ void LSMDesignEditorViewController::reloadData()
     show(m_ui->templateIdentifierTextField, m_design ? m_design->templateIdentifier() : QString());
     updateLayoutPopupForTemplate(m_design);
     showSource();
+    m_checking->setDesignTemplate(m_design);
     m_ui->designIconImageView->setImage(m_design ? m_design->templateImage() : QImage(),
                                         m_design && !m_design->templateImagePath().isNull()
                                             ? localized("The picture cannot be read")

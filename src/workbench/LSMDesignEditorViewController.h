@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <unordered_map>
 
+class LSMDesignChecking;
+
 namespace Ui {
 class LSMDesignEditorViewController;
 }
@@ -50,6 +52,8 @@ public:
 
     /// The same for what is only shown: keywords, layouts, location, samples, properties, store.
     void updateFacts();
+
+    LSMDesignChecking *checking() const { return m_checking; } ///< Once there is a view.
 
     QList<QAction *> textCommands() const; ///< Of the code editor, for a menu: to find and replace.
     QMenu *codeMenu() const;               ///< Its commands on code.
@@ -93,6 +97,7 @@ private:
         std::shared_ptr<platform::TextStorage> text;
         platform::TextSelections selections;
         platform::ScrollPosition position;
+        std::vector<platform::HiddenLines::Stretch> folded;
     };
 
     void viewDidLoad();
@@ -135,5 +140,6 @@ private:
     LSMDesignTemplate *m_shownDesign = nullptr; // whose text the editor has
     std::unordered_map<LSMDesignTemplate *, Document> m_documents;
     QTimer m_previewDelay;
+    LSMDesignChecking *m_checking = nullptr;
     int m_selectedTab = DesignTab;
 };

@@ -97,6 +97,7 @@ void LSMEditorSettings::configureView()
     m_view->setShowsTagPartners(true);
     m_view->setShowsColourSwatches(true);
     m_view->setFoldsLines(true);
+    m_view->setShowsIndividualErrors(true);
 }
 
 // What the view has is what it goes back to.

@@ -13,6 +13,7 @@
 #include "platform/NotificationCenter.h"
 #include "platform/UserDefaults.h"
 #include "ui_LSMMainWindowController.h"
+#include "workbench/LSMDesignChecking.h"
 #include "workbench/LSMDesignCommands.h"
 #include "workbench/LSMDesignEditorViewController.h"
 #include "workbench/LSMNotifications.h"
@@ -135,6 +136,7 @@ void LSMMainWindowController::setupStatusBar()
     m_deletionNotice = new zq::ActionNotice(localized("Undo"));
     m_ui->statusBar->addWidget(m_deletionNotice);
     m_ui->statusBar->addWidget(m_statusText, 1);
+    m_ui->statusBar->addPermanentWidget(m_editor->checking()->countButton());
     m_ui->statusBar->addPermanentWidget(m_countText);
     m_ui->statusBar->setSizeGripEnabled(false);
 }
@@ -310,6 +312,8 @@ bool LSMMainWindowController::eventFilter(QObject *watched, QEvent *event)
     const int key = static_cast<QKeyEvent *>(event)->key();
     if (watched == m_ui->searchField &&
         (key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter)) {
+        if (!selectedDesign())
+            m_outline->selectFirstShownDesign();
         m_ui->outlineView->setFocus();
         return true;
     }

@@ -75,6 +75,10 @@ public Q_SLOTS:
     void togglePreviewAction(QObject *sender = nullptr);
     void turnPreviewAction(QObject *sender = nullptr);
     void reloadPreviewAction(QObject *sender = nullptr);
+    void checkHtmlAction(QObject *sender = nullptr);
+    void showFindingsAction(QObject *sender = nullptr);
+    void nextFindingAction(QObject *sender = nullptr);
+    void previousFindingAction(QObject *sender = nullptr);
     void runToolbarCustomizationPalette(QObject *sender = nullptr);
     void toggleToolbarVisibility(QObject *sender = nullptr);
     void toggleFullScreenAction(QObject *sender = nullptr);
@@ -99,6 +103,10 @@ public:
     Q_INVOKABLE bool validateSwitchToViewWithSenderTag(QObject *item);
     Q_INVOKABLE bool validateTogglePreviewAction(QObject *item);
     Q_INVOKABLE bool validateTurnPreviewAction(QObject *item);
+    Q_INVOKABLE bool validateCheckHtmlAction(QObject *item);
+    Q_INVOKABLE bool validateShowFindingsAction(QObject *item);
+    Q_INVOKABLE bool validateNextFindingAction(QObject *item);
+    Q_INVOKABLE bool validatePreviousFindingAction(QObject *item);
     Q_INVOKABLE bool validateChooseAppearanceAction(QObject *item);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -56,6 +56,14 @@ void LSMOutlineViewController::setupInitialSelection()
         selectFirstDesignForGroupKey(LSMDesignKeys::builtinType);
 }
 
+void LSMOutlineViewController::selectFirstShownDesign()
+{
+    for (int row = 0; m_view->indexForRow(row).isValid(); ++row) {
+        if (m_view->indexForRow(row).parent().isValid())
+            return m_view->selectRow(row);
+    }
+}
+
 void LSMOutlineViewController::expandGroups()
 {
     for (int row = 0; row < m_filter->rowCount(); ++row)

@@ -32,6 +32,7 @@ public:
     /// is ready; needs the manager.
     void setupInitialSelection();
 
+    void selectFirstShownDesign();
     void selectDesign(const LSMDesignTemplate *design); ///< Opens its group.
 
     /// Shows a design of the custom group, ending a search that hides it, and selects it alone.

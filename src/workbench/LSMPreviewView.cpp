@@ -3,10 +3,12 @@
 #include "kit/ui/TintedIcon.h"
 #include "library/LSMDesignTemplate.h"
 #include "platform/Bundle.h"
+#include "platform/UserDefaults.h"
 #include "platform/web/WebView.h"
 #include "ui_LSMPreviewView.h"
 #include "workbench/LSMPreviewDocument.h"
 
+#include <algorithm>
 #include <QActionGroup>
 #include <QEvent>
 #include <QMenu>
@@ -14,6 +16,7 @@
 using platform::DocumentScroll;
 using platform::localizable;
 using platform::localized;
+using platform::UserDefaults;
 
 LSMPreviewView::LSMPreviewView(QWidget *parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::LSMPreviewView>())
@@ -33,9 +36,10 @@ LSMPreviewView::LSMPreviewView(QWidget *parent)
         {localizable("Missing Pictures"), int(LSMPreviewListing::WithoutPictures)},
     };
     m_ui->setupUi(this);
-    makeMenu(m_ui->widthPopup, localizable("Preview Width"), widths, m_pageWidth);
-    makeMenu(m_ui->sizePopup, localizable("Preview Size"), sizes, m_percent);
-    makeMenu(m_ui->listingPopup, localizable("Preview Listing"), listings, m_listing);
+    makeMenu(m_ui->widthPopup, localizable("Preview Width"), "previewWidth", widths, m_pageWidth);
+    makeMenu(m_ui->sizePopup, localizable("Preview Size"), "previewSize", sizes, m_percent);
+    makeMenu(m_ui->listingPopup, localizable("Preview Listing"), "previewListing", listings,
+             m_listing);
     m_ui->takePictureButton->setIcon(zq::tintedIcon(QStringLiteral("Camera")));
     m_ui->previewBannerIcon->setPixmap(zq::tintedIcon(QStringLiteral("Warning")).pixmap(16));
     m_ui->previewBanner->hide();
@@ -50,10 +54,15 @@ LSMPreviewView::LSMPreviewView(QWidget *parent)
 
 LSMPreviewView::~LSMPreviewView() = default;
 
-// The button reads as what is chosen.
-void LSMPreviewView::makeMenu(QPushButton *button, const char *title,
+// The button reads as what is chosen, which is kept under the key.
+void LSMPreviewView::makeMenu(QPushButton *button, const char *title, const char *key,
                               std::span<const Choice> choices, int &chosen)
 {
+    const QString name = QString::fromLatin1(key);
+    const auto kept = int(UserDefaults::standardUserDefaults().integer(name));
+    if (UserDefaults::standardUserDefaults().isStored(name) &&
+        std::ranges::find(choices, kept, &Choice::value) != choices.end())
+        chosen = kept;
     auto *menu = new QMenu(localized(title), button);
     auto *group = new QActionGroup(menu);
     for (const Choice &choice : choices) {
@@ -63,8 +72,9 @@ void LSMPreviewView::makeMenu(QPushButton *button, const char *title,
             if (isChosen)
                 button->setText(action->text());
         });
-        connect(action, &QAction::triggered, this, [this, &chosen, value = choice.value] {
+        connect(action, &QAction::triggered, this, [this, name, &chosen, value = choice.value] {
             chosen = value;
+            UserDefaults::standardUserDefaults().setObject(name, value);
             choicesDidChange();
         });
         action->setChecked(choice.value == chosen);
@@ -93,7 +103,9 @@ void LSMPreviewView::layoutPage()
     const int width =
         m_pageWidth == 0 ? room.width() : qMin(qRound(m_pageWidth * zoom), room.width());
     m_ui->previewWebView->setGeometry((room.width() - width) / 2, 0, width, room.height());
-    m_ui->previewWebView->setZoomFactor(m_pageWidth == 0 ? zoom : double(width) / m_pageWidth);
+    const double shown = m_pageWidth == 0 ? zoom : double(width) / m_pageWidth;
+    m_ui->previewWebView->setZoomFactor(shown);
+    m_ui->sizePopup->setText(QStringLiteral("%1 %").arg(qRound(shown * 100)));
 }
 
 bool LSMPreviewView::eventFilter(QObject *watched, QEvent *event)

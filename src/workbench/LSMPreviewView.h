@@ -53,8 +53,8 @@ private:
         int value;
     };
 
-    void makeMenu(QPushButton *button, const char *title, std::span<const Choice> choices,
-                  int &chosen);
+    void makeMenu(QPushButton *button, const char *title, const char *key,
+                  std::span<const Choice> choices, int &chosen);
     void choicesDidChange();
     void layoutPage();
     void load(platform::DocumentScroll scroll);

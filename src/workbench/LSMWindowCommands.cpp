@@ -11,6 +11,7 @@
 #include "platform/Bundle.h"
 #include "platform/Format.h"
 #include "ui_LSMMainWindowController.h"
+#include "workbench/LSMDesignChecking.h"
 #include "workbench/LSMDesignCommands.h"
 #include "workbench/LSMDesignEditorViewController.h"
 #include "workbench/LSMOutlineViewController.h"
@@ -246,6 +247,46 @@ bool LSMMainWindowController::validateTurnPreviewAction(QObject *item)
 void LSMMainWindowController::reloadPreviewAction(QObject *)
 {
     m_editor->reloadPreviewFromSourceCodeTextView();
+}
+
+void LSMMainWindowController::checkHtmlAction(QObject *)
+{
+    m_editor->checking()->setEnabled(!m_editor->checking()->isEnabled());
+}
+
+bool LSMMainWindowController::validateCheckHtmlAction(QObject *item)
+{
+    return check(item, m_editor->checking()->isEnabled());
+}
+
+void LSMMainWindowController::showFindingsAction(QObject *)
+{
+    m_editor->checking()->toggleList();
+}
+
+bool LSMMainWindowController::validateShowFindingsAction(QObject *item)
+{
+    return check(item, m_editor->checking()->showsFindings()) && m_editor->checking()->isEnabled();
+}
+
+void LSMMainWindowController::nextFindingAction(QObject *)
+{
+    m_editor->checking()->goToNext();
+}
+
+void LSMMainWindowController::previousFindingAction(QObject *)
+{
+    m_editor->checking()->goToPrevious();
+}
+
+bool LSMMainWindowController::validateNextFindingAction(QObject *)
+{
+    return !m_editor->checking()->findings().empty();
+}
+
+bool LSMMainWindowController::validatePreviousFindingAction(QObject *item)
+{
+    return validateNextFindingAction(item);
 }
 
 void LSMMainWindowController::takePreviewPictureAction(QObject *)

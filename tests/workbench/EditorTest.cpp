@@ -417,6 +417,7 @@ TEST_F(EditorTest, WithoutTheStoreSegmentItsMenuEntryIsGoneToo)
 TEST_F(EditorTest, CommandsOnCodeHaveTheirMenuAndKeysInTheHtmlTab)
 {
     writeDesign(QStringLiteral("Alpha"), Group::Custom, "<div>\n<p>One</p>\n<p>Two</p>\n</div>");
+    writeDesign(QStringLiteral("Beta"));
     launch();
     select(QStringLiteral("Alpha"));
     QMenu *menu = editor()->codeMenu();
@@ -430,6 +431,11 @@ TEST_F(EditorTest, CommandsOnCodeHaveTheirMenuAndKeysInTheHtmlTab)
     QTest::keySequence(source(), QKeySequence(QStringLiteral("F9")));
     EXPECT_TRUE(source()->folding()->isFolded(0));
     EXPECT_FALSE(selected()->templateShouldBeSaved());
+    select(QStringLiteral("Beta"));
+    EXPECT_FALSE(source()->folding()->isFolded(0));
+    select(QStringLiteral("Alpha"));
+    EXPECT_TRUE(source()->folding()->isFolded(0));
+    source()->setFocus();
 
     QTest::keySequence(source(), QKeySequence(QStringLiteral("Ctrl+G")));
     auto *sheet = child<QDialog>("SMLGoToLine");

@@ -1,23 +1,14 @@
-#include "support/SessionBus.h"
-#include "workbench/LSMLayoutPreviewGenerator.h"
-#include "workbench/WorkbenchFixture.h"
+#include "workbench/LotbookFixture.h"
 
 #include "library/LSMDesignKeys.h"
-#include "platform/AppleScript.h"
-#include "platform/PropertyList.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QStackedWidget>
-#include <QTest>
 
 using namespace std::chrono_literals;
-using Generator = LSMLayoutPreviewGenerator;
-using platform::PropertyList;
 
 namespace {
 
@@ -27,56 +18,9 @@ constexpr const char *twoLayouts =
 const QString couldNotGetTitle =
     QStringLiteral("Couldn't get title of selected listing from Lotbook");
 
-QString program(const char *name)
-{
-    return QFileInfo(qEnvironmentVariable("LAYOUTSMITH_BINARY")).dir().filePath(name);
-}
-
-// The window, a stand-in for Lotbook as a process of its own, and a bus between them.
-class LayoutPreviewTest : public WorkbenchTest
+class LayoutPreviewTest : public LotbookTest
 {
 protected:
-    LayoutPreviewTest() { Generator::setWaits({60ms, 20ms, 10}); }
-    ~LayoutPreviewTest() override
-    {
-        if (controller)
-            quit();
-        stopHost();
-        Generator::setWaits({});
-    }
-
-    void setPreferences(bool set)
-    {
-        QDir().mkpath(container("Library/Preferences"));
-        PropertyList::write(QVariantMap{{"writeDescriptionToLibrary", set},
-                                        {"disableDesignImageCache", set},
-                                        {"hidePreviewImageDropzoneMarker", set}},
-                            PropertyList::Format::Xml,
-                            container("Library/Preferences/com.quillbyte.lotbook9.plist"));
-    }
-    QString container(const QString &below) const
-    {
-        return home.path("Library/Containers/com.quillbyte.lotbook9/Data/" + below);
-    }
-    QString description(const QString &title) const
-    {
-        return container("Library/Application Support/Lotbook/GeneratedDescriptions/" + title +
-                         ".html");
-    }
-    void startHost(const QStringList &options = {})
-    {
-        setPreferences(true);
-        host.start(program("lotbook-standin"), options);
-        ASSERT_TRUE(support::waitUntil([this] {
-            return host.readAllStandardOutput().contains("Lotbook is ready");
-        })) << host.readAllStandardError().toStdString();
-    }
-    void stopHost()
-    {
-        host.kill();
-        host.waitForFinished();
-    }
-
     LSMDesignTemplate *launchOn(const QString &title, const QByteArray &html,
                                 const QVariantMap &info = {})
     {
@@ -84,12 +28,6 @@ protected:
         launch();
         pressShortcut("actionViewSamples");
         return select(title);
-    }
-    void generate() { QTest::mouseClick(child<QPushButton>("generateButton"), Qt::LeftButton); }
-    bool isIdle() const { return child<QStackedWidget>("previewGenerateTab")->currentIndex() == 0; }
-    bool waitForIdle()
-    {
-        return support::waitUntil([this] { return isIdle(); }, 30);
     }
     QByteArray sample(const QString &name) const
     {
@@ -103,15 +41,7 @@ protected:
             names << list->item(row)->text();
         return names;
     }
-    QString askHost(const QString &what)
-    {
-        return platform::AppleScript("tell application \"Lotbook\" to get " + what)
-            .executeAndReturnError(nullptr)
-            .value_or("no answer");
-    }
 
-    support::SessionBus bus;
-    support::Process host;
     QString folder;
 };
 

@@ -1,6 +1,7 @@
 #include "kit/ui/OpenPanel.h"
 
 #include <QFileDialog>
+#include <QStandardPaths>
 
 namespace zq {
 
@@ -12,7 +13,9 @@ std::function<QString()> presetAnswer;
 
 QString runOpenPanel(QWidget *parent, const QString &title, const QString &filter)
 {
-    return presetAnswer ? presetAnswer() : QFileDialog::getOpenFileName(parent, title, {}, filter);
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return presetAnswer ? presetAnswer()
+                        : QFileDialog::getOpenFileName(parent, title, pictures, filter);
 }
 
 void setOpenPanelAnswer(const std::function<QString()> &answer)
