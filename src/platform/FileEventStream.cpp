@@ -1,6 +1,6 @@
 #include "platform/FileEventStream.h"
 
-#include "platform/linux/DirectoryWatch.h"
+#include "platform/DirectoryWatch.h"
 #include "platform/WatchedPath.h"
 
 #include <QPointer>

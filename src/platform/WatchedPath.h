@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/DirectoryWatch.h"
+#include "platform/DirectoryWatch.h"
 #include <functional>
 #include <vector>
 

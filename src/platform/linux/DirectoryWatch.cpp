@@ -1,4 +1,4 @@
-#include "platform/linux/DirectoryWatch.h"
+#include "platform/DirectoryWatch.h"
 
 #include "platform/Log.h"
 

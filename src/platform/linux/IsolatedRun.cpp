@@ -3,7 +3,9 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <fcntl.h>
+#include <mutex>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -25,6 +27,18 @@ void limit(decltype(RLIMIT_AS) resource, rlim_t most)
     setrlimit(resource, &limits);
 }
 
+/// Counted from what the copy has already, which sanitizers reckon in terabytes.
+void limitMemory()
+{
+    long pages = 0;
+    if (FILE *file = std::fopen("/proc/self/statm", "re")) {
+        if (std::fscanf(file, "%*d %*d %*d %*d %*d %ld", &pages) != 1)
+            pages = 0;
+        std::fclose(file);
+    }
+    limit(RLIMIT_DATA, rlim_t(pages) * rlim_t(sysconf(_SC_PAGESIZE)) + gigabyte);
+}
+
 /// It dies plainly and alone: nobody catches its signals, and no core is written.
 void prepareCopy()
 {
@@ -32,7 +46,7 @@ void prepareCopy()
     for (int signal = 1; signal < NSIG; ++signal)
         ::signal(signal, SIG_DFL);
     limit(RLIMIT_CORE, 0);
-    limit(RLIMIT_DATA, gigabyte);
+    limitMemory();
 }
 
 void writeAll(int file, const QByteArray &bytes)
@@ -65,34 +79,64 @@ std::optional<QByteArray> readAll(int file, std::chrono::steady_clock::time_poin
     return std::nullopt;
 }
 
+struct Copy
+{
+    pid_t process = -1;
+    int answer = -1; ///< Where it writes what it gives.
+};
+
+// What the work throws ends the copy: it must not come out where the original goes on.
+[[noreturn]] void beCopy(int answer, const std::function<QByteArray()> &work) noexcept
+{
+    prepareCopy();
+    writeAll(answer, work());
+    _exit(0);
+}
+
+Copy makeCopy(const std::function<QByteArray()> &work)
+{
+    // A copy that another thread makes meanwhile would keep this one's pipe open.
+    static std::mutex one;
+    const std::lock_guard lock(one);
+    std::array<int, 2> ends;
+    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        return {};
+    const auto [readEnd, writeEnd] = ends;
+    const pid_t process = fork();
+    if (process == 0)
+        beCopy(writeEnd, work);
+    close(writeEnd);
+    return {process, readEnd};
+}
+
+int statusOf(pid_t process)
+{
+    int status = -1;
+    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+    }
+    return status;
+}
+
 } // namespace
 
 std::optional<QByteArray> runIsolated(const std::function<QByteArray()> &work,
                                       std::chrono::milliseconds patience,
                                       const std::stop_token &stop)
 {
-    std::array<int, 2> ends;
-    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const Copy copy = makeCopy(work);
+    if (copy.answer < 0)
         return std::nullopt;
-    const auto [readEnd, writeEnd] = ends;
-    const pid_t copy = fork();
-    if (copy == 0) {
-        prepareCopy();
-        writeAll(writeEnd, work());
-        _exit(0);
-    }
-    close(writeEnd);
     std::optional<QByteArray> bytes;
-    int status = -1;
-    if (copy > 0) {
-        bytes = readAll(readEnd, std::chrono::steady_clock::now() + patience, stop);
+    if (copy.process > 0) {
+        bytes = readAll(copy.answer, deadline, stop);
         if (!bytes)
-            kill(copy, SIGKILL);
-        while (waitpid(copy, &status, 0) < 0 && errno == EINTR) {
-        }
+            kill(copy.process, SIGKILL);
+        if (statusOf(copy.process) != 0)
+            bytes.reset();
     }
-    close(readEnd);
-    return status == 0 ? bytes : std::nullopt;
+    close(copy.answer);
+    return bytes;
 }
 
 } // namespace platform
