@@ -131,6 +131,7 @@ bool LSMDesignTemplateManager::saveDesignTemplate(LSMDesignTemplate *design, Err
             QDir(bundle).removeRecursively();
         return false;
     }
+    design->noteBodyOnDisk(contents->body);
     design->setRemoteResources(contents->urls);
     if (!design->isPaidTemplate())
         design->templateDictionary()->removeValue(store);

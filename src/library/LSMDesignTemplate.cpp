@@ -150,6 +150,12 @@ QString LSMDesignTemplate::bodyPath() const
     return m_templatePath + u'/' + bodyFile;
 }
 
+bool LSMDesignTemplate::bodyDiffersOnDisk() const
+{
+    const auto bytes = m_templatePath.isNull() ? std::nullopt : platform::readFile(bodyPath());
+    return bytes && qHash(*bytes) != m_bodyOnDisk;
+}
+
 QString LSMDesignTemplate::htmlSourceCode() const
 {
     if (!m_htmlBytes.isNull())
@@ -187,6 +193,7 @@ bool LSMDesignTemplate::readHtmlSourceCode(platform::Error *outError)
         else if (outError->code != ENOENT || QFileInfo(path).isSymLink())
             platform::log("error reading file: %@\n%@", path, outError->description);
     }
+    noteBodyOnDisk(m_htmlBytes);
     Q_EMIT htmlSourceCodeDidChange();
     return true;
 }

@@ -80,6 +80,12 @@ public:
     /// `body.html` in the bundle, or the old file itself. Null without a path.
     QString bodyPath() const;
 
+    /// What the body is known to hold on disk: as it was read or written last, or as somebody has
+    /// decided about it. Another program has written it since if it holds other bytes; not one that
+    /// cannot be read, which a save makes anew.
+    void noteBodyOnDisk(const QByteArray &bytes) { m_bodyOnDisk = qHash(bytes); }
+    bool bodyDiffersOnDisk() const;
+
     // What it says
     QString htmlSourceCode() const;
     void setHtmlSourceCode(const QString &html);
@@ -159,6 +165,7 @@ private:
     QString m_type;
     Version m_version;
     platform::PropertyList::Format m_infoFormat = platform::PropertyList::Format::Xml;
+    size_t m_bodyOnDisk = 0;
     mutable QByteArray m_htmlBytes; // these two until m_html is asked for
     mutable std::function<QString()> m_readHtml;
     mutable QString m_html;

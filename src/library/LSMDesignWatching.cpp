@@ -78,10 +78,14 @@ void LSMDesignTemplateManager::reloadBodyHtmlForDesignAtPath(const QString &fold
     m_askedFor.insert(design);
     const bool isToBeReloaded = m_delegate->shouldReloadChangedDesignFromFile(design);
     m_askedFor.remove(design);
-    if (!isToBeReloaded || !alive)
+    if (!alive)
         return;
     platform::Error error;
-    if (const auto bytes = platform::readFile(path, &error)) {
+    const auto bytes = platform::readFile(path, &error);
+    design->noteBodyOnDisk(bytes.value_or(QByteArray()));
+    if (!isToBeReloaded)
+        return;
+    if (bytes) {
         design->setHtmlSourceCode(platform::decodeText(*bytes).text);
     } else {
         platform::log("error reading file: %@\n%@", path, error.description);

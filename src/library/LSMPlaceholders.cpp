@@ -117,10 +117,11 @@ QStringList Bracketed::names() const
 
 std::optional<Bracketed> nextBracketed(const QString &html, qsizetype from)
 {
-    const qsizetype start = html.indexOf(u"[[", from);
-    const qsizetype end = start < 0 ? -1 : html.indexOf(u"]]", start);
+    const qsizetype first = html.indexOf(u"[[", from);
+    const qsizetype end = first < 0 ? -1 : html.indexOf(u"]]", first + 2);
     if (end < 0)
         return std::nullopt;
+    const qsizetype start = html.lastIndexOf(u"[[", end - 2);
     return Bracketed{start, end + 2, html.sliced(start + 2, end - start - 2)};
 }
 

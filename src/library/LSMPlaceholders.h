@@ -30,7 +30,8 @@ struct Bracketed
     QStringList names() const; ///< That it asks for; none where it is no expression.
 };
 
-/// The first from a place on; nullopt without one that has an end.
+/// The first from a place on; nullopt without one that has an end. Brackets that stand within
+/// others, in front of the same end, are the ones it belongs to.
 std::optional<Bracketed> nextBracketed(const QString &html, qsizetype from);
 
 /// The names that the host has values for in any listing, as `resources/placeholder.plist` and the

@@ -76,6 +76,21 @@ std::vector<Case> cases()
          doesNotLoad, u"left out"_s},
         {u"info is a pipe"_s, replaced(infoFile, pipe), false, infoFile, doesNotLoad,
          u"left out"_s},
+        {u"price is a number"_s,
+         written(infoFile, plist + "<dict><key>designStore</key><dict><key>price</key>"
+                                   "<integer>9</integer></dict></dict></plist>"),
+         true,
+         infoFile,
+         u"price must be a string."_s,
+         {}},
+        {u"property is named by a number"_s,
+         written(infoFile, plist + "<dict><key>LBDesignProperties</key><array><dict>"
+                                   "<key>name</key><integer>7</integer></dict></array></dict>"
+                                   "</plist>"),
+         true,
+         infoFile,
+         u"name must be a string."_s,
+         {}},
         {u"no name"_s,
          written(infoFile, plist + "<dict/></plist>"),
          true,

@@ -1,5 +1,9 @@
 #include "library/LSMPlaceholders.h"
 
+#include "library/LSMDesignTemplate.h"
+#include "library/LSMPropertyValues.h"
+#include "platform/KeyedArchive.h"
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -54,6 +58,24 @@ TEST(Placeholders, ExpressionsBindNotThenAndThenOr)
     for (const auto &[expression, expected] : cases)
         EXPECT_EQ(LSMPlaceholders::holds(QString(expression), value), expected)
             << QString(expression).toStdString();
+}
+
+TEST(Placeholders, PropertiesHaveTextForms)
+{
+    const QByteArray clay = platform::KeyedArchive::archivedColor(QColor(0xB5, 0x63, 0x3F));
+    const std::pair<const char *, QVariant> values[] = {
+        {"A Text", u"a"_s}, {"Empty", u""_s},         {"On", true}, {"Off", false}, {"Number", 7},
+        {"Glaze", clay},    {"Data", QByteArray("x")}};
+    QVariantList records{u"no record"_s};
+    for (const auto &[name, value] : values)
+        records << QVariantMap{{u"name"_s, QString(name)}, {u"defaultValue"_s, value}};
+    const auto design =
+        LSMDesignTemplate::templateWithDict({{u"LBDesignProperties"_s, records}}, {}, u"custom"_s);
+    const QHash<QString, QString> expected{
+        {u"LBProperty_A_Text"_s, u"a"_s}, {u"LBProperty_Empty"_s, u""_s},
+        {u"LBProperty_On"_s, u"1"_s},     {u"LBProperty_Off"_s, u""_s},
+        {u"LBProperty_Number"_s, u"7"_s}, {u"LBProperty_Glaze"_s, u"#b5633f"_s}};
+    EXPECT_EQ(LSMPropertyValues(*design), expected);
 }
 
 } // namespace

@@ -46,9 +46,17 @@ constexpr KnownKey infoKeys[] = {
 };
 
 constexpr KnownKey storeKeys[] = {
-    {releaseDate, Kind::Date},
-    {layoutNames, Kind::StringArray},
-    {defaultLayoutName, Kind::String},
+    {releaseDate, Kind::Date},         {layoutNames, Kind::StringArray},
+    {defaultLayoutName, Kind::String}, {storeTitle, Kind::String},
+    {storeDescription, Kind::String},  {storePrice, Kind::String},
+    {storeCurrency, Kind::String},     {storeCategory, Kind::String},
+    {storeSupportUrl, Kind::String},
+};
+
+constexpr KnownKey propertyKeys[] = {
+    {propertyName, Kind::String},
+    {propertyType, Kind::String},
+    {propertyAllowedValues, Kind::StringArray},
 };
 
 bool isArrayOf(const QVariant &value, int type)
@@ -175,6 +183,8 @@ QVariantMap LSMBundleCheck::checkInfo(const QString &path)
     const QVariantMap values = info->root.toMap();
     checkTypes(values, infoKeys);
     checkTypes(values.value(store).toMap(), storeKeys);
+    for (const QVariant &record : values.value(properties).toList())
+        checkTypes(record.toMap(), propertyKeys);
 
     const auto text = [&values](QLatin1StringView key) {
         const QVariant value = values.value(key);

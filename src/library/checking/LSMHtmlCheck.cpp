@@ -46,12 +46,6 @@ public:
     }
 
 private:
-    struct Part
-    {
-        TextRange opening;
-        QString layout; ///< That it is the default of; null for none.
-    };
-
     void add(TextRange range, LSMFinding::Level level, const QString &text)
     {
         const qsizetype line = m_lines.lineAt(range.location);
@@ -77,7 +71,8 @@ private:
 
     // Blanks stand for the expressions in what HTML is read from.
     void checkBrackets();
-    void checkUnclosed(TextRange opening, QStringView inside);
+    void checkUnclosed(TextRange range); ///< Brackets without an end; the range has no others.
+    void checkParts(const LSMPlaceholders::Bracketed &found);
     void checkNames(const LSMPlaceholders::Bracketed &found);
     void checkDefaultLayout(const LSMPlaceholders::Bracketed &found);
     void checkTags();
@@ -100,60 +95,73 @@ private:
     std::stop_token m_stop;
     platform::TextStorage m_lines;
     LSMFindings m_findings;
+    std::vector<TextRange> m_open; // parts, by what begins them
     bool m_hasParts = false;
     QString m_defaultLayout;
 };
 
 void Check::checkBrackets()
 {
-    std::vector<TextRange> open;
     qsizetype at = 0;
     while (const auto found = LSMPlaceholders::nextBracketed(m_html, at)) {
-        const TextRange range = TextRange::between(found->start, found->end);
-        if (const qsizetype next = found->inside.indexOf("[["_L1); next >= 0) {
-            checkUnclosed({found->start, bracketLength}, QStringView(found->inside).first(next));
-            at = found->start + bracketLength + next;
-            continue;
-        }
+        if (m_stop.stop_requested())
+            return;
+        checkUnclosed(TextRange::between(at, found->start));
         at = found->end;
-        std::fill_n(m_plain.begin() + range.location, range.length, QChar(u' '));
-        if (found->beginsPart())
-            open.push_back(range);
-        if (found->endsPart() && open.empty())
-            add(range, Warning,
-                localized("There is no “[[if …]]” in front of it that this would end."));
-        else if (found->endsPart())
-            open.pop_back();
-        m_hasParts = m_hasParts || found->beginsPart();
+        std::fill(m_plain.begin() + found->start, m_plain.begin() + at, QChar(u' '));
+        checkParts(*found);
         checkNames(*found);
         checkDefaultLayout(*found);
     }
-    const qsizetype rest = m_html.indexOf("[["_L1, at);
-    if (rest >= 0)
-        checkUnclosed({rest, bracketLength}, QStringView(m_html).sliced(rest + bracketLength));
-    for (const TextRange part : open)
-        add(part, Warning,
-            localized("There is no “[[endif]]” behind it: the part reaches to the end."));
+    checkUnclosed(TextRange::between(at, m_html.size()));
+    const QString text =
+        localized("There is no “[[endif]]” behind it: the part reaches to the end.");
+    for (const TextRange part : m_open)
+        add(part, Warning, text);
 }
 
 // What is no expression (a script's brackets) is none of this format's business.
-void Check::checkUnclosed(TextRange opening, QStringView inside)
+void Check::checkUnclosed(TextRange range)
 {
-    const QStringView line = inside.left(inside.indexOf(u'\n'));
-    if (line.contains(LSMDesignKeys::layoutMarker, Qt::CaseInsensitive))
-        add(opening, Error, localized("The layout marker has no “]]”."));
-    else if (line.startsWith("LB"_L1) || line.startsWith("if "_L1))
-        add(opening, Error, localized("The placeholder has no “]]”."));
+    const QStringView text = original(range);
+    for (qsizetype at = text.indexOf(u"[["); at >= 0 && !m_stop.stop_requested();) {
+        const QStringView rest = text.sliced(at + bracketLength);
+        const qsizetype next = rest.indexOf(u"[[");
+        const QStringView inside = next < 0 ? rest : rest.first(next);
+        const QStringView line = inside.left(inside.indexOf(u'\n'));
+        const TextRange opening{range.location + at, bracketLength};
+        if (line.contains(LSMDesignKeys::layoutMarker, Qt::CaseInsensitive))
+            add(opening, Error, localized("The layout marker has no “]]”."));
+        else if (line.startsWith("LB"_L1) || line.startsWith("if "_L1))
+            add(opening, Error, localized("The placeholder has no “]]”."));
+        at = next < 0 ? -1 : at + bracketLength + next;
+    }
+}
+
+void Check::checkParts(const LSMPlaceholders::Bracketed &found)
+{
+    const TextRange range = TextRange::between(found.start, found.end);
+    if (found.beginsPart()) {
+        m_hasParts = true;
+        m_open.push_back(range);
+    } else if (found.endsPart() && m_open.empty()) {
+        add(range, Warning,
+            localized("There is no “[[if …]]” in front of it that this would end."));
+    } else if (found.endsPart()) {
+        m_open.pop_back();
+    }
 }
 
 void Check::checkNames(const LSMPlaceholders::Bracketed &found)
 {
+    qsizetype at = found.start;
     for (const QString &name : found.names()) {
+        const TextRange range{m_html.indexOf(name, at), name.size()};
+        at = range.end();
         if (name.startsWith(LSMDesignKeys::layoutMarker, Qt::CaseInsensitive) ||
             LSMPlaceholders::isKnownName(name) || m_context.properties.contains(name))
             continue;
-        const qsizetype at = m_html.indexOf(name, found.start);
-        add({at, name.size()}, Warning,
+        add(range, Warning,
             platform::format(LSMPlaceholders::isNameOfProperty(name)
                                  ? localized("The design has no property for “%@”.")
                                  : localized("There is no placeholder “%@”."),

@@ -3,6 +3,7 @@
 #include "platform/Bundle.h"
 #include "platform/IsolatedRun.h"
 
+#include <QSet>
 #include <tidy/tidy.h>
 #include <tidy/tidybuffio.h>
 
@@ -16,7 +17,9 @@ namespace LSMTidy {
 namespace {
 
 constexpr qsizetype longestArgument = 80;
-constexpr auto patience = 10s; // what it needs for a million characters is a tenth of a second
+// A million characters take it a fifth of a second.
+constexpr auto patience = 2s;
+constexpr auto patiencePerCharacter = 4us;
 
 enum class Subject { Tag, Attribute };
 
@@ -209,6 +212,35 @@ Message messageOf(const QByteArrayList &fields, const std::vector<qsizetype> &st
             key, wording && wording->subject == Subject::Attribute};
 }
 
+/// What libtidy says of its own repairs tells nothing new.
+class Repairs
+{
+public:
+    explicit Repairs(const QString &text) : m_text(text) {}
+
+    /// To be asked about each message in turn.
+    bool isAbout(const QByteArrayList &fields, const Message &message)
+    {
+        const QByteArray name = fields.value(4);
+        if (message.key == "UNKNOWN_ELEMENT")
+            m_unknownTags.insert(name);
+        if (message.key == "DISCARDING_UNEXPECTED")
+            return m_unknownTags.contains(QByteArray(name).replace("</", "<"));
+        return message.key.startsWith("MISSING_ENDTAG") && !isTagThere(message.index, name);
+    }
+
+private:
+    // It opens what was not closed in time once more, in what follows.
+    bool isTagThere(qsizetype index, const QByteArray &name) const
+    {
+        return QStringView(m_text).sliced(index).startsWith(u'<' + QString::fromUtf8(name),
+                                                            Qt::CaseInsensitive);
+    }
+
+    const QString &m_text;
+    QSet<QByteArray> m_unknownTags;
+};
+
 } // namespace
 
 std::optional<std::vector<Message>> messages(const QString &html, qsizetype most,
@@ -216,17 +248,23 @@ std::optional<std::vector<Message>> messages(const QString &html, qsizetype most
 {
     const QString text = countable(html);
     const QByteArray bytes = text.toUtf8();
-    const auto records =
-        platform::runIsolated([&bytes, most] { return Run(most).records(bytes); }, patience, stop);
+    const auto records = platform::runIsolated(
+        [&bytes, most] { return Run(most).records(bytes); },
+        std::chrono::ceil<std::chrono::milliseconds>(patience + patiencePerCharacter * text.size()),
+        stop);
     if (!records)
         return std::nullopt;
     const std::vector<qsizetype> starts = lineStarts(text);
     std::vector<Message> messages;
-    for (const QByteArray &record : records->chopped(records->isEmpty() ? 0 : 1).split(recordEnd)) {
+    Repairs repairs(text);
+    for (const QByteArray &record : records->split(recordEnd)) {
         if (record.isEmpty())
             continue;
-        messages.push_back(messageOf(record.split(fieldEnd), starts));
-        messages.back().index = qMin(messages.back().index, html.size());
+        const QByteArrayList fields = record.split(fieldEnd);
+        Message message = messageOf(fields, starts);
+        message.index = qMin(message.index, html.size());
+        if (!repairs.isAbout(fields, message))
+            messages.push_back(std::move(message));
     }
     return messages;
 }
