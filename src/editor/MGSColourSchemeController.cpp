@@ -143,7 +143,7 @@ QList<Scheme> MGSColourSchemeController::colourSchemes() const
 QList<Scheme> MGSColourSchemeController::savedSchemes() const
 {
     QList<Scheme> schemes = colourSchemes();
-    if (m_currentSchemeIsCustom)
+    if (currentSchemeIsCustom())
         schemes.removeOne(m_currentScheme);
     return schemes;
 }
@@ -196,13 +196,11 @@ void MGSColourSchemeController::findAndSetCurrentScheme()
     QList<Scheme> schemes = savedSchemes();
     if (const Scheme match = findMatchingSchemeForScheme(seen)) {
         m_currentScheme = match;
-        m_currentSchemeIsCustom = false;
-    } else if (m_currentSchemeIsCustom) {
+    } else if (currentSchemeIsCustom()) {
         *m_currentScheme = makeColourSchemeFromViewForScheme(*m_currentScheme);
         return;
     } else {
         m_currentScheme = std::make_shared<MGSColourScheme>(seen);
-        m_currentSchemeIsCustom = true;
         schemes << m_currentScheme;
     }
     showSchemes(schemes, m_currentScheme);
@@ -219,7 +217,6 @@ void MGSColourSchemeController::selectionDidChange()
     if (chosen == m_currentScheme)
         return;
     m_currentScheme = chosen;
-    m_currentSchemeIsCustom = false;
     showSchemes(saved, chosen);
     applyColourSchemeToView();
     Q_EMIT buttonSaveDeleteDidChange();
@@ -227,22 +224,22 @@ void MGSColourSchemeController::selectionDidChange()
 
 bool MGSColourSchemeController::buttonSaveDeleteEnabled() const
 {
-    return m_currentSchemeIsCustom || (m_currentScheme && !m_currentScheme->isLoadedFromBundle());
+    return currentSchemeIsCustom() || (m_currentScheme && !m_currentScheme->isLoadedFromBundle());
 }
 
 QString MGSColourSchemeController::buttonSaveDeleteTitle() const
 {
-    return m_currentSchemeIsCustom || (m_currentScheme && m_currentScheme->isLoadedFromBundle())
+    return currentSchemeIsCustom() || (m_currentScheme && m_currentScheme->isLoadedFromBundle())
                ? localized("Save Scheme…")
                : localized("Delete Scheme…");
 }
 
 void MGSColourSchemeController::addDeleteButtonAction()
 {
-    if (m_currentSchemeIsCustom) {
+    if (currentSchemeIsCustom()) {
         m_saveController->setSchemeName(localized("New Scheme"));
         m_saveController->showSchemeNameGetter(m_parentView, [this](bool confirmed) {
-            if (confirmed && m_currentSchemeIsCustom)
+            if (confirmed && currentSchemeIsCustom())
                 saveCurrentScheme();
         });
     } else if (m_currentScheme && !m_currentScheme->isLoadedFromBundle()) {
@@ -277,7 +274,6 @@ void MGSColourSchemeController::saveCurrentScheme()
     saved.setSourceFile(path);
     erase_if(schemes, [&path](const Scheme &each) { return each->sourceFile() == path; });
     *m_currentScheme = saved;
-    m_currentSchemeIsCustom = false;
     showSchemes(schemes, m_currentScheme);
     Q_EMIT buttonSaveDeleteDidChange();
 }

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "editor/MGSColourScheme.h"
 #include "platform/ArrayController.h"
 #include "platform/ObservableDictionary.h"
 
 #include <QPointer>
 #include <QWidget>
 
-class MGSColourScheme;
 class MGSColourSchemeSaveController;
 class QAbstractButton;
 class QComboBox;
@@ -50,7 +50,10 @@ public:
 
     QList<Scheme> colourSchemes() const;
     Scheme currentScheme() const { return m_currentScheme; } ///< Null without values.
-    bool currentSchemeIsCustom() const { return m_currentSchemeIsCustom; }
+    bool currentSchemeIsCustom() const
+    {
+        return m_currentScheme && m_currentScheme->sourceFile().isNull();
+    }
 
     /// The first by name with the same values, the custom one aside; null: none.
     Scheme findMatchingSchemeForScheme(const MGSColourScheme &scheme) const;
@@ -88,7 +91,6 @@ private:
     QPointer<QComboBox> m_schemeMenu;
     QPointer<QWidget> m_parentView;
     Scheme m_currentScheme;
-    bool m_currentSchemeIsCustom = false;
     bool m_ignoreObservations = false;
     std::unique_ptr<MGSColourSchemeSaveController> m_saveController;
 };

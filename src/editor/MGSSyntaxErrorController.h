@@ -57,13 +57,6 @@ public Q_SLOTS:
     void clickedError(QObject *gutter);
 
 private:
-    /// Lines, zero-based, whose highlights are not settled.
-    struct Rows
-    {
-        qsizetype first = 0;
-        qsizetype last = platform::NotFound; ///< Included; NotFound: the last one of all.
-    };
-
     QMap<quint64, const SMLSyntaxError *> worstErrors() const; ///< By line; borrowed.
     void setLook(const MGSErrorHighlighter::Look &look);
     void updateSyntaxErrorsDisplay();

@@ -235,11 +235,11 @@ void SMLTextView::changeColour(QObject *)
 // Other hands may have edited the text while the dialog was open.
 void SMLTextView::performChangeColour(const MGSColourValue &value, const QColor &colour)
 {
-    if (value.range.end() <= textStorage()->length() &&
-        m_colourSwatches->valueAt(value.range.location) == value)
-        changeText(value.range, mgs_colourCode(colour));
-    else
+    if (value.range.end() > textStorage()->length() ||
+        m_colourSwatches->valueAt(value.range.location) != value)
         beep();
+    else if (colour.rgba() != value.colour.rgba()) // else it is another way to write the same
+        changeText(value.range, mgs_colourCode(colour));
 }
 
 void SMLTextView::goToLine(QObject *)

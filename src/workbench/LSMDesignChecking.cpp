@@ -10,7 +10,6 @@
 #include "workbench/LSMFindingsView.h"
 #include "workbench/LSMFindingTexts.h"
 
-#include <QToolButton>
 #include <ranges>
 
 using namespace std::chrono_literals;
@@ -43,7 +42,8 @@ LSMDesignChecking::LSMDesignChecking(MGSFragariaView *editor, LSMFindingsView *l
     connect(&m_liveCheck, &LSMLiveCheck::didCheck, this, [this](const LSMFindings &findings) {
         LSMFindings all = clashes();
         all.insert(all.end(), findings.begin(), findings.end());
-        setFindings(all);
+        if (all != m_findings)
+            setFindings(all);
     });
     connect(m_list, &LSMFindingsView::findingWasChosen, this, &LSMDesignChecking::goTo);
     connect(m_list, &LSMFindingsView::closeWasAskedFor, this, [this] {
@@ -122,7 +122,7 @@ LSMFindings LSMDesignChecking::clashes() const
 {
     LSMFindings findings;
     const auto add = [&](const QString &value, QLatin1StringView key, const QString &text) {
-        if (m_manager->hasDesignNotEqualToDesign(m_design, value, key))
+        if (!value.isEmpty() && m_manager->hasDesignNotEqualToDesign(m_design, value, key))
             findings.push_back({{}, LSMFinding::Level::Warning, text, 0, 0, 0});
     };
     if (!m_design)
@@ -211,6 +211,8 @@ void LSMDesignChecking::goTo(const LSMFinding &finding)
     const qsizetype index = indexOf(finding);
     if (finding.line == 0 || index == platform::NotFound)
         return;
+    setShowsFindings(true); // the list tells what is wrong there
+    m_list->setCurrentFinding(finding);
     Q_EMIT sightWasAskedFor();
     view->setSelectedRange({index, qMin(finding.length, view->textStorage()->length() - index)});
     view->scrollRangeToVisible(view->selectedRange());

@@ -3,12 +3,12 @@
 #include "library/checking/LSMLiveCheck.h"
 #include <QPointer>
 #include <QTimer>
+#include <QToolButton>
 
 class LSMDesignTemplate;
 class LSMDesignTemplateManager;
 class LSMFindingsView;
 class MGSFragariaView;
-class QToolButton;
 
 /// Checks the design in the code editor while it is being edited, half a second after the last key,
 /// and shows what was found: in the editor, in the list below it, and as a count for the status

@@ -128,6 +128,8 @@ bool LSMDesignCommands::saveDesign(LSMDesignTemplate *design)
     PLATFORM_ASSERT(design->isCustomDesignTemplate(), "Must not save builtin designs");
     if (!canSaveDesign(design))
         return true;
+    if (design->bodyDiffersOnDisk()) // and the watch has not told of it yet
+        m_manager->reloadBodyHtmlForDesignAtPath(design->templatePath());
     platform::Error error;
     if (!m_manager->saveDesignTemplate(design, &error)) {
         platform::log("could not save \"%@\": %@", design->templateName(), error.description);

@@ -6,6 +6,7 @@
 #include "editor/SMLTextView.h"
 #include "kit/ui/ZQRunAlertPanel.h"
 #include "kit/ui/ZQViewExtensions.h"
+#include "library/LSMDesignKeys.h"
 #include "platform/Bundle.h"
 #include "platform/text/view/FindBar.h"
 #include "ui_LSMDesignEditorViewController.h"
@@ -15,12 +16,13 @@
 
 #include <QMenu>
 
+using LSMDesignKeys::layoutMarker;
 using platform::localized;
 using platform::TextRange;
 
 namespace {
 
-const QString layoutMarker = QStringLiteral("LBLayoutEnabled_");
+constexpr qsizetype longestTitle = 100; // of a layout in the menu; a forgotten "]" is far away
 
 } // namespace
 
@@ -79,12 +81,12 @@ void LSMDesignEditorViewController::updateLayoutPopupForTemplate(LSMDesignTempla
     QMenu *menu = m_ui->layoutPopup->menu();
     menu->clear();
     const QString html = design->htmlSourceCode();
-    for (qsizetype at = html.indexOf(layoutMarker); at >= 0;
+    const qsizetype lastEnd = html.lastIndexOf(u']');
+    for (qsizetype at = html.indexOf(layoutMarker); at >= 0 && at < lastEnd;
          at = html.indexOf(layoutMarker, at + layoutMarker.size())) {
-        const qsizetype end = html.indexOf(u']', at);
-        if (end < 0)
-            break; // nor has any marker behind it an end
-        const QString name = html.mid(at, end - at).remove(layoutMarker).replace(u'_', u' ');
+        const QStringView near = QStringView(html).mid(at, longestTitle);
+        const QString name =
+            near.left(near.indexOf(u']')).toString().remove(layoutMarker).replace(u'_', u' ');
         const TextRange range{at, layoutMarker.size()};
         const QString title = platform::Bundle::mainBundle().localizedString(
             name, {}, QStringLiteral("DesignProperties"));

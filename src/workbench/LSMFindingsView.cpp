@@ -41,6 +41,13 @@ void LSMFindingsView::setFindings(const LSMFindings &findings)
                                               : LSMCountOfFindings(findings));
 }
 
+void LSMFindingsView::setCurrentFinding(const LSMFinding &finding)
+{
+    const auto found = std::ranges::find(m_findings, finding);
+    if (found != m_findings.end())
+        m_ui->list->setCurrentRow(int(found - m_findings.begin()));
+}
+
 void LSMFindingsView::choose(int row)
 {
     if (row >= 0 && row < int(m_findings.size()))

@@ -19,6 +19,7 @@ public:
     ~LSMFindingsView() override;
 
     void setFindings(const LSMFindings &findings); ///< The chosen row stays, if it is still there.
+    void setCurrentFinding(const LSMFinding &finding); ///< Without choosing it.
 
 Q_SIGNALS:
     void findingWasChosen(const LSMFinding &finding);

@@ -29,9 +29,10 @@ QStringList strings(const QVariantList &objects)
 /// With those of the second list that it has not, each once, at its end.
 QStringList joined(QStringList keywords, const QStringList &more)
 {
+    QSet<QString> known(keywords.cbegin(), keywords.cend());
     for (const QString &keyword : more) {
-        if (!keywords.contains(keyword))
-            keywords.append(keyword);
+        if (!known.contains(keyword))
+            keywords.append(*known.insert(keyword));
     }
     return keywords;
 }

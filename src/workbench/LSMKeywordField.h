@@ -10,9 +10,8 @@ class QToolButton;
 /// selected, and a button that opens the list of the known ones. The user's choice goes to the
 /// design at once. Made by the editor; main thread.
 ///
-/// The design keeps what it has until the user takes it away: keywords of its own that are not
-/// known show behind the known ones, their order stays, and only a choice of other keywords is
-/// stored.
+/// The design keeps what it has until the user takes it away: all of its own show first,
+/// in their order, known or not, and only a choice of other keywords is stored.
 class LSMKeywordField : public QWidget, private ZQKeywordViewDelegate
 {
     Q_OBJECT

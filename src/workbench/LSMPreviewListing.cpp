@@ -2,21 +2,15 @@
 
 #include "library/LSMDesignKeys.h"
 #include "library/LSMDesignTemplate.h"
+#include "library/LSMPropertyValues.h"
 #include "platform/Bundle.h"
-#include "platform/KeyedArchive.h"
 
-#include <QHash>
-#include <QUrl>
-
-using namespace LSMDesignKeys;
 using namespace Qt::StringLiterals;
 using platform::localizable;
 using platform::localized;
-using platform::KeyedArchive::unarchivedColor;
 
 namespace {
 
-constexpr auto propertyPrefix = "LBProperty_"_L1;
 constexpr auto picturePrefix = "LBPicture"_L1;
 constexpr auto noLayout = "LBLayoutNotDefined"_L1;
 
@@ -98,27 +92,6 @@ QString valueOfField(LSMPreviewListing listing, const QString &name)
     }
 }
 
-/// By the names that the HTML has for them; what has no text form is not among them.
-QHash<QString, QString> valuesOfProperties(const LSMDesignTemplate &design)
-{
-    QHash<QString, QString> values;
-    const QVariantList records =
-        design.templateDictionary()->value(LSMDesignKeys::properties).toList();
-    for (const QVariant &record : records) {
-        const QVariantMap fields = record.toMap();
-        const QVariant value = fields.value(propertyDefaultValue);
-        const QString name =
-            propertyPrefix + fields.value(propertyName).toString().replace(u' ', u'_');
-        if (value.typeId() == QMetaType::QString)
-            values.insert(name, value.toString());
-        else if (value.typeId() == QMetaType::Bool)
-            values.insert(name, value.toBool() ? u"1"_s : u""_s);
-        else if (const QColor color = unarchivedColor(value.toByteArray()); color.isValid())
-            values.insert(name, color.name());
-    }
-    return values;
-}
-
 } // namespace
 
 LSMPlaceholders::Values LSMValuesOfListing(LSMPreviewListing listing,
@@ -126,12 +99,12 @@ LSMPlaceholders::Values LSMValuesOfListing(LSMPreviewListing listing,
 {
     const QString layout = design.defaultLayoutName();
     const QString marker = LSMDesignKeys::layoutMarker + QString(layout).replace(u' ', u'_');
-    return [listing, layout, marker, properties = valuesOfProperties(design)](const QString &name) {
+    return [listing, layout, marker, properties = LSMPropertyValues(design)](const QString &name) {
         if (name.startsWith(LSMDesignKeys::layoutMarker))
             return layout.isNull() || name == marker ? u"1"_s : u""_s;
         if (name == noLayout)
             return u"1"_s;
-        if (name.startsWith(propertyPrefix))
+        if (LSMPlaceholders::isNameOfProperty(name))
             return properties.value(name);
         return name.startsWith(u"LB") ? valueOfField(listing, name) : QString();
     };

@@ -197,6 +197,7 @@ void LSMPropertyEditorViewController::store()
 void LSMPropertyEditorViewController::restore(const QVariantList &entries)
 {
     const QVariantList before = m_list.toList();
+    resetColorPanel(); // its record goes
     showList(entries);
     store();
     const auto [was, is] = std::ranges::mismatch(before, entries);
@@ -229,6 +230,7 @@ void LSMPropertyEditorViewController::removeProperty()
         return;
     for (const QVariant &object : removed)
         m_propertiesKVOController->unobserve(LSMPropertyTableModel::recordIn(object).get());
+    resetColorPanel();
     endUndoStep();
     m_propertiesArrayController.remove();
     markCurrentDesignTemplateDirty();
@@ -248,6 +250,7 @@ void LSMPropertyEditorViewController::takeSelection()
 {
     const QList<qsizetype> &indexes = m_propertiesArrayController.selectionIndexes();
     LSMPropertyTable *table = m_ui->propertiesTable;
+    updateEnabling();
     if (indexes == table->selectedRows())
         return;
     const QScopedValueRollback taking(m_isTakingSelection, true);

@@ -15,7 +15,7 @@ public:
     {
         setCurrent(this);
     }
-    ~AlertAnswers() override { setCurrent(nullptr); }
+    ~AlertAnswers() override { setCurrent(&m_former); }
     Q_DISABLE_COPY_MOVE(AlertAnswers)
 
     int runModal(ZQCustomizableAlert &alert) override
@@ -29,6 +29,7 @@ public:
     bool ticksSuppression = false;
 
 private:
+    ZQAlertPresenter &m_former = current();
     QList<int> m_answers;
 };
 

@@ -75,6 +75,7 @@ TEST_F(CheckingTest, FindingsAreShownWhereTheyAreAndGoWithTheirFault)
     EXPECT_TRUE(text()->hasFocus());
     pressShortcut("actionPreviousFinding");
     EXPECT_EQ(text()->selectedText(), u"<img src='https://a.de/b.png'>"_s);
+    EXPECT_EQ(list()->currentRow(), 1);
 
     text()->setSelectedRange({17, 0});
     text()->insertText(u"</b>"_s);
@@ -125,6 +126,9 @@ TEST_F(CheckingTest, TheListAndTheCheckCanBeSwitchedOff)
     EXPECT_TRUE(panel()->isVisible());
     EXPECT_EQ(editor()->selectedTab(), LSMDesignEditorViewController::HtmlTab);
     EXPECT_TRUE(list()->hasFocus());
+    QTest::keyClick(list(), Qt::Key_Escape);
+    pressShortcut("actionNextFinding");
+    EXPECT_TRUE(panel()->isVisible()) << "it tells what was found there";
     clickMenuItem("actionShowFindings");
     EXPECT_FALSE(panel()->isVisible());
     clickMenuItem("actionShowFindings");

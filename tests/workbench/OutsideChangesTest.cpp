@@ -48,6 +48,31 @@ TEST_F(OutsideChanges, ACleanDesignTakesThemAsOneUndoableEditThatMarksNothing)
     EXPECT_EQ(source()->string(), QStringLiteral("<p>beta</p>"));
 }
 
+TEST_F(OutsideChanges, ASaveAsksBeforeItWritesOverThem)
+{
+    const QString body = writeDesign(QStringLiteral("Alpha"), Group::Custom, "<p>a</p>") +
+                         QStringLiteral("/body.html");
+    launch();
+    pressShortcut("actionViewHtml");
+    for (const bool replaces : {false, true}) {
+        type(source(), QStringLiteral("mine "));
+        const QByteArray mine = source()->string().toUtf8();
+        const QByteArray theirs = replaces ? "newer" : "new";
+        support::writeFile(body, theirs);
+        support::AlertAnswers answers(
+            {replaces ? ZQAlertSecondButtonReturn : ZQAlertFirstButtonReturn});
+        pressShortcut("actionSave");
+        ASSERT_EQ(answers.shown.size(), 1);
+        EXPECT_EQ(support::readFile(body), replaces ? theirs : mine);
+        EXPECT_EQ(source()->string().toUtf8(), replaces ? theirs : mine);
+        EXPECT_FALSE(selected()->templateShouldBeSaved());
+    }
+    support::AlertAnswers answers;
+    type(source(), QStringLiteral("mine "));
+    pressShortcut("actionSave");
+    EXPECT_TRUE(answers.shown.isEmpty());
+}
+
 TEST_F(OutsideChanges, ADirtyDesignIsAskedFor)
 {
     writeDesign(QStringLiteral("Alpha"), Group::Custom, "<p>a</p>");

@@ -33,6 +33,21 @@ public:
     QStringList revealed;
 };
 
+/// Fails on every alert that no AlertAnswers expects, which would wait for ever.
+class NoAlerts : public ZQAlertPresenter
+{
+public:
+    NoAlerts() { setCurrent(this); }
+    ~NoAlerts() override { setCurrent(nullptr); }
+    Q_DISABLE_COPY_MOVE(NoAlerts)
+
+    int runModal(ZQCustomizableAlert &alert) override
+    {
+        ADD_FAILURE() << "nobody expects: " << alert.messageText.toStdString();
+        return ZQAlertFirstButtonReturn;
+    }
+};
+
 /// The launched program on a home of its own: real files, the real window, offscreen.
 class WorkbenchTest : public testing::Test
 {
@@ -78,5 +93,6 @@ protected:
 
     support::TemporaryHome home;
     RecordingWorkspace workspace;
+    NoAlerts noAlerts;
     std::unique_ptr<AppController> controller;
 };
