@@ -4,6 +4,7 @@
 #include "library/LSMDesignTemplateManager.h"
 #include "library/LSMLotbookConfig.h"
 #include "library/LSMPlaceholders.h"
+#include "library/LSMPropertyValues.h"
 #include "platform/FileIO.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
@@ -30,16 +31,7 @@ QString preferencesPath()
 void addValuesOfDesign(ListingValues &values, const LSMDesignTemplate &design,
                        const QString &layoutName)
 {
-    const QVariantList records =
-        design.templateDictionary()->value(LSMDesignKeys::properties).toList();
-    for (const QVariant &each : records) {
-        const QVariantMap record = each.toMap();
-        const QVariant value = record.value(QStringLiteral("defaultValue"));
-        const bool isOff = value.typeId() == QMetaType::Bool && !value.toBool();
-        const QString name = record.value(QStringLiteral("name")).toString().replace(u' ', u'_');
-        if (!isOff && value.typeId() != QMetaType::QByteArray)
-            values[QStringLiteral("LBProperty_") + name] = value.toString();
-    }
+    values.insert(LSMPropertyValues(design));
     const bool isKnown = design.layoutNames().contains(layoutName);
     const QString marker = QString(layoutName).replace(u' ', u'_');
     values[isKnown ? LSMDesignKeys::layoutMarker + marker : QStringLiteral("LBLayoutNotDefined")] =
