@@ -54,4 +54,13 @@ void Appearance::settle()
         Q_EMIT colorSchemeDidChange();
 }
 
+QColor mixed(const QColor &over, qreal share, const QColor &under)
+{
+    const auto part = [share = float(share)](float a, float b) {
+        return a * share + b * (1 - share);
+    };
+    return QColor::fromRgbF(part(over.redF(), under.redF()), part(over.greenF(), under.greenF()),
+                            part(over.blueF(), under.blueF()));
+}
+
 } // namespace platform

@@ -42,6 +42,9 @@ QColor namedColor(const QString &name);
 QColor namedColor(const QString &name, ColorScheme scheme);
 QStringList colorNames();
 
+/// So much of one colour laid over another; both are taken as opaque.
+QColor mixed(const QColor &over, qreal share, const QColor &under);
+
 /// The widgets' palette from the same table, made for `QApplication::setPalette` and the Fusion
 /// style.
 QPalette palette(ColorScheme scheme);

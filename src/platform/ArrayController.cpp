@@ -51,8 +51,12 @@ void ArrayController::setSelectionIndexes(const QList<qsizetype> &indexes)
 void ArrayController::setSelectedObjects(const QVariantList &objects)
 {
     QList<qsizetype> indexes;
-    for (const QVariant &object : objects)
-        indexes.append(m_objects.indexOf(object));
+    qsizetype next = 0; // objects in order are found in one walk
+    for (const QVariant &object : objects) {
+        const qsizetype index = m_objects.indexOf(object, next);
+        indexes.append(index < 0 ? m_objects.indexOf(object) : index);
+        next = indexes.constLast() + 1;
+    }
     setSelectionIndexes(indexes);
 }
 

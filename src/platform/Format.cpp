@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <QObject>
 #include <QRegularExpression>
 
 namespace platform {
@@ -105,6 +106,14 @@ struct Printer
 
 FormatArgument::FormatArgument(const QStringList &value)
     : m_value(QStringLiteral("(%1)").arg(value.join(QStringLiteral(", "))))
+{
+}
+
+FormatArgument::FormatArgument(const QObject *object)
+    : m_value(object ? QStringLiteral("<%1: 0x%2>")
+                           .arg(QLatin1StringView(object->metaObject()->className()))
+                           .arg(quint64(reinterpret_cast<quintptr>(object)), 0, 16)
+                     : QString())
 {
 }
 

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <variant>
 
+class QObject;
+
 namespace platform {
 
 /// One argument of `format`. Made implicitly from whatever the caller has.
@@ -24,6 +26,8 @@ public:
     FormatArgument(const QString &value) : m_value(value) {}
     FormatArgument(const char *value) : m_value(QString::fromUtf8(value)) {}
     FormatArgument(const QStringList &value);
+    /// "<QWidget: 0x5581...>", as the class is called; null without an object.
+    FormatArgument(const QObject *object);
     FormatArgument(const void *value) : m_value(quint64(reinterpret_cast<quintptr>(value))) {}
 
     /// The argument as the conversion `spec` asks for it, e.g. "%@", "%ld", "%02hhx", "%C".

@@ -117,4 +117,18 @@ bool PropertyList::write(const QVariant &root, Format format, const QString &pat
     return bytes && writeFileAtomically(path, *bytes, error);
 }
 
+bool isNumber(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace platform

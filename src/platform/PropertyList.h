@@ -28,6 +28,9 @@ struct PropertyListUid
     bool operator==(const PropertyListUid &) const = default;
 };
 
+/// Is the value a boolean, an integer or a real?
+bool isNumber(const QVariant &value);
+
 /// Property lists, XML and binary, read into QVariants that tell every type apart:
 ///
 ///   dict QVariantMap | array QVariantList | string QString | data QByteArray | bool bool

@@ -55,9 +55,10 @@ void WatchedPath::arm()
     const auto former = std::exchange(m_watches, {});
     for (const QMetaObject::Connection &connection : std::exchange(m_connections, {}))
         disconnect(connection);
-    watchName(m_path);
-    watchFolderAbove();
     const QFileInfo info(m_path);
+    const bool isNameWatched = watchName(m_path);
+    const bool isFolderWatched = watchFolderAbove();
+    m_isWatched = isNameWatched || (isFolderWatched && !QFileInfo::exists(info.path()));
     const QString target = info.isSymLink() ? info.canonicalFilePath() : QString();
     if (!target.isEmpty())
         watchName(target);
@@ -65,20 +66,21 @@ void WatchedPath::arm()
         watchTree();
 }
 
-void WatchedPath::watch(const QString &folder, const Listener &listener)
+bool WatchedPath::watch(const QString &folder, const Listener &listener)
 {
     const std::shared_ptr<DirectoryWatch> watch = DirectoryWatch::of(folder);
     if (!watch)
-        return;
+        return false;
     m_watches.push_back(watch);
     m_connections.push_back(connect(watch.get(), &DirectoryWatch::changed, this, listener));
+    return true;
 }
 
-void WatchedPath::watchName(const QString &path)
+bool WatchedPath::watchName(const QString &path)
 {
     const QFileInfo info(path);
     const QByteArray name = QFile::encodeName(info.fileName());
-    watch(info.path(), [this, name](Change change, const QByteArray &at, Entry entry) {
+    return watch(info.path(), [this, name](Change change, const QByteArray &at, Entry entry) {
         if (isOfFolder(change))
             return folderDidChange(change);
         if (at != name)
@@ -89,11 +91,11 @@ void WatchedPath::watchName(const QString &path)
     });
 }
 
-void WatchedPath::watchFolderAbove()
+bool WatchedPath::watchFolderAbove()
 {
     const QFileInfo folder(QFileInfo(m_path).path());
     const QByteArray name = QFile::encodeName(folder.fileName());
-    watch(folder.path(), [this, name](Change change, const QByteArray &at, Entry) {
+    return watch(folder.path(), [this, name](Change change, const QByteArray &at, Entry) {
         if (at == name && isStructural(change))
             folderDidChange(Gone);
     });

@@ -18,7 +18,8 @@ public:
 
     WatchedPath(const QString &path, Handler handler);
 
-    bool isWatched() const { return !m_watches.empty(); }
+    /// False if the system makes no watch for the folder that the path stands in.
+    bool isWatched() const { return m_isWatched; }
 
 private:
     using Change = DirectoryWatch::Change;
@@ -26,14 +27,15 @@ private:
     using Listener = std::function<void(Change change, const QByteArray &name, Entry entry)>;
 
     void arm();
-    void watchName(const QString &path);
-    void watchFolderAbove();
+    bool watchName(const QString &path);
+    bool watchFolderAbove();
     void watchTree();
-    void watch(const QString &folder, const Listener &listener);
+    bool watch(const QString &folder, const Listener &listener);
     void folderDidChange(Change change);
 
     QString m_path;
     Handler m_handler;
+    bool m_isWatched = false;
     std::vector<std::shared_ptr<DirectoryWatch>> m_watches;
     std::vector<QMetaObject::Connection> m_connections;
 };

@@ -41,5 +41,5 @@ QString CDEvent::description() const
     return platform::format(
         QStringLiteral("<%@: %p { identifier = %ld, URL = %@, flags = %ld, date = %@ }>"),
         QStringLiteral("CDEvent"), static_cast<const void *>(this), qint64(m_identifier),
-        m_url.toString(), qint64(m_flags), m_date.toString(Qt::ISODateWithMs));
+        m_url.toString(QUrl::FullyEncoded), qint64(m_flags), m_date.toString(Qt::ISODateWithMs));
 }

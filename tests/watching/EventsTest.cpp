@@ -56,7 +56,7 @@ TEST_F(Events, OneEventSaysWhatHappenedAndCanBeArchived)
     damaged.remove(u"date"_s);
     EXPECT_FALSE(CDEvent::unarchived(damaged));
     EXPECT_TRUE(event.description().contains(
-        u"{ identifier = 7, URL = file:///a b/c, flags = 67840, date = 2023-11-14T22:13:20.000Z }>"_s));
+        u"{ identifier = 7, URL = file:///a%20b/c, flags = 67840, date = 2023-11-14T22:13:20.000Z }>"_s));
 }
 
 TEST_F(Events, SubDirectoriesAndExcludedOnesAreLeftOut)

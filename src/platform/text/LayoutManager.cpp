@@ -10,6 +10,7 @@ namespace platform {
 
 namespace {
 
+constexpr qreal greatestLineHeightMultiple = 100;
 constexpr size_t mostLines = 400; // a tall screen shows a third of it
 
 bool hasSurrogates(const QString &text)
@@ -156,9 +157,10 @@ void LayoutManager::setWrapWidth(qreal pixels)
 
 void LayoutManager::setLineHeightMultiple(qreal factor)
 {
-    if (factor == m_lineHeightMultiple)
+    const qreal taken = qMin(factor, greatestLineHeightMultiple);
+    if (taken == m_lineHeightMultiple)
         return;
-    m_lineHeightMultiple = factor;
+    m_lineHeightMultiple = taken;
     styleDidChange();
 }
 

@@ -20,9 +20,10 @@ Q_DECLARE_FLAGS(TextAttributeKeys, TextAttribute)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TextAttributeKeys)
 
 /// An underline of errors has its four low bits set; heirs of the layout manager draw it.
+inline constexpr int errorUnderline = 0b1111;
 constexpr bool isErrorUnderline(int underlineStyle)
 {
-    return (underlineStyle & 0b1111) == 0b1111;
+    return (underlineStyle & errorUnderline) == errorUnderline;
 }
 
 inline constexpr size_t textAttributeCount = 5;

@@ -1,4 +1,5 @@
 // Painting, colours and what is to be painted again.
+#include "platform/Appearance.h"
 #include "platform/text/view/TextComposition.h"
 #include "platform/text/view/TextView.h"
 #include <QApplication>
@@ -13,15 +14,6 @@ namespace {
 
 constexpr qreal selectionStrength = 0.32; // of the palette's link colour over the background
 constexpr qreal inactiveSelectionStrength = 0.16; // of the text's colour
-
-QColor mixed(const QColor &one, const QColor &other, qreal part)
-{
-    const auto mix = [part](int a, int b) {
-        return qRound(a * part + b * (1 - part));
-    };
-    return {mix(one.red(), other.red()), mix(one.green(), other.green()),
-            mix(one.blue(), other.blue())};
-}
 
 QColor orElse(const QColor &color, const QColor &other)
 {
@@ -66,8 +58,8 @@ QColor TextView::insertionPointColor() const
 QColor TextView::selectionColor() const
 {
     if (!hasFocus())
-        return mixed(textColor(), backgroundColor(), inactiveSelectionStrength);
-    return mixed(palette().color(QPalette::Link), backgroundColor(), selectionStrength);
+        return mixed(textColor(), inactiveSelectionStrength, backgroundColor());
+    return mixed(palette().color(QPalette::Link), selectionStrength, backgroundColor());
 }
 
 void TextView::changeEvent(QEvent *event)
