@@ -80,10 +80,19 @@ QString defaultLayoutName(const QString &html)
     return {};
 }
 
+QString markerOfLayout(const QString &layoutName)
+{
+    return LSMDesignKeys::layoutMarker + QString(layoutName).replace(u' ', u'_');
+}
+
 QString sampleFileName(const QString &layoutName)
 {
     QString name = layoutName;
-    name.replace(u' ', u'_').replace(u'/', u'-').replace(QChar(u'\0'), u'-');
+    name.replace(u' ', u'_')
+        .replace(u'/', QStringLiteral("%2F"))
+        .replace(QChar(u'\0'), QStringLiteral("%00"));
+    if (name.startsWith(u'.'))
+        name.replace(0, 1, QStringLiteral("%2E"));
     return name + u'.' + LSMDesignKeys::oldVersionExtension;
 }
 

@@ -13,8 +13,12 @@ QStringList layoutNames(const QString &html);
 /// The layout whose expression ends in " or LBLayoutNotDefined" directly before "]]"; else null.
 QString defaultLayoutName(const QString &html);
 
+/// What the HTML has for the layout: "Two Columns" is "LBLayoutEnabled_Two_Columns".
+QString markerOfLayout(const QString &layoutName);
+
 /// The name of a layout's file in the folder of samples: "Two Columns" is "Two_Columns.html". What
-/// would make a path of it ("/", NUL) becomes "-", so that no sample leaves its folder.
+/// would make a path of it, or hide it ("/", NUL, a dot at first), is written in per cent, as in
+/// addresses.
 QString sampleFileName(const QString &layoutName);
 
 } // namespace LSMDesignLayouts

@@ -30,12 +30,32 @@ QString withTildeExpanded(const QString &path)
     return QDir::cleanPath(tilde ? QDir::homePath() + path.mid(1) : path);
 }
 
+QString builtinTemplatesOfLotbook()
+{
+    const QString application = platform::Workspace::sharedWorkspace().pathForApplication(
+        LSMLotbookConfig::lotbookApplicationIdentifier());
+    return application.isNull()
+               ? QString()
+               : application + QStringLiteral("/Contents/Resources/DesignTemplates");
+}
+
+QString customTemplatesOfLotbook()
+{
+    const QString chosen = platform::UserDefaults::standardUserDefaults().string(
+        QStringLiteral("customTemplatesPath"));
+    return QDir::isRelativePath(withTildeExpanded(chosen))
+               ? LSMLotbookConfig::lotbookDesignTemplatesPath()
+               : withTildeExpanded(chosen);
+}
+
 } // namespace
 
-LSMDesignTemplateManager::LSMDesignTemplateManager(Watching watching) : m_watching(watching)
+LSMDesignTemplateManager::LSMDesignTemplateManager(Watching watching)
+    : m_watching(watching), m_pathForBuiltinTemplates(builtinTemplatesOfLotbook()),
+      m_pathForCustomTemplates(customTemplatesOfLotbook())
 {
-    auto builtin = LSMDesignLoader::load(pathForBuiltinTemplates(), builtinType, &m_leftOut);
-    auto custom = LSMDesignLoader::load(pathForCustomTemplates(), customType, &m_leftOut);
+    auto builtin = LSMDesignLoader::load(m_pathForBuiltinTemplates, builtinType, &m_leftOut);
+    auto custom = LSMDesignLoader::load(m_pathForCustomTemplates, customType, &m_leftOut);
     m_groups.push_back(std::make_unique<LSMDesignTemplateGroup>(
         platform::localized("Custom Designs"), customType, std::move(custom)));
     m_groups.push_back(std::make_unique<LSMDesignTemplateGroup>(
@@ -48,24 +68,6 @@ LSMDesignTemplateManager::LSMDesignTemplateManager(Watching watching) : m_watchi
 }
 
 LSMDesignTemplateManager::~LSMDesignTemplateManager() = default;
-
-QString LSMDesignTemplateManager::pathForBuiltinTemplates() const
-{
-    const QString application = platform::Workspace::sharedWorkspace().pathForApplication(
-        LSMLotbookConfig::lotbookApplicationIdentifier());
-    return application.isNull()
-               ? QString()
-               : application + QStringLiteral("/Contents/Resources/DesignTemplates");
-}
-
-QString LSMDesignTemplateManager::pathForCustomTemplates() const
-{
-    const QString chosen = platform::UserDefaults::standardUserDefaults().string(
-        QStringLiteral("customTemplatesPath"));
-    return QDir::isRelativePath(withTildeExpanded(chosen))
-               ? LSMLotbookConfig::lotbookDesignTemplatesPath()
-               : withTildeExpanded(chosen);
-}
 
 LSMDesignTemplateGroup *
 LSMDesignTemplateManager::designTemplateGroupForType(const QString &type) const

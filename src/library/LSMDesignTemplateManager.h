@@ -29,9 +29,10 @@ public:
     /// Borrowed. Without one the HTML stays as it is, whatever others write.
     void setDelegate(LSMDesignTemplateManagerDelegate *delegate) { m_delegate = delegate; }
 
-    /// The two template directories; null when the host is not installed.
-    QString pathForBuiltinTemplates() const;
-    QString pathForCustomTemplates() const;
+    /// The two template directories, as the settings were at start; null when the host is not
+    /// installed.
+    QString pathForBuiltinTemplates() const { return m_pathForBuiltinTemplates; }
+    QString pathForCustomTemplates() const { return m_pathForCustomTemplates; }
 
     const std::vector<std::unique_ptr<LSMDesignTemplateGroup>> &designTemplateGroups() const
     {
@@ -114,9 +115,12 @@ private:
     QString freeFolderName(const QString &title) const;
     void extractKeywordsFromDesignTemplates();
 
+    static void takeBodyFromDisk(LSMDesignTemplate *design, bool isToBeReloaded);
     void eventOccurred(const CDEvent &event, const ChangeBlock &changeBlock);
 
     Watching m_watching;
+    QString m_pathForBuiltinTemplates;
+    QString m_pathForCustomTemplates;
     LSMDesignTemplateManagerDelegate *m_delegate = nullptr;
     std::map<QString, std::unique_ptr<CDEvents>> m_eventWatchers; ///< By the path of the file.
     QSet<LSMDesignTemplate *> m_askedFor; ///< The delegate, which has not answered yet.

@@ -4,6 +4,7 @@
 #include "library/LSMDesignTemplateManagerDelegate.h"
 #include "platform/Application.h"
 #include "platform/Assert.h"
+#include "platform/Bundle.h"
 #include "platform/FileIO.h"
 #include "platform/Log.h"
 #include "platform/TextEncoding.h"
@@ -77,19 +78,30 @@ void LSMDesignTemplateManager::reloadBodyHtmlForDesignAtPath(const QString &fold
     const QPointer<LSMDesignTemplate> alive(design); // the answer may take its time
     m_askedFor.insert(design);
     const bool isToBeReloaded = m_delegate->shouldReloadChangedDesignFromFile(design);
+    if (alive)
+        takeBodyFromDisk(design, isToBeReloaded);
     m_askedFor.remove(design);
-    if (!alive)
-        return;
+    if (alive && isToBeReloaded)
+        m_delegate->didReloadChangedDesignFromFile(design);
+    if (alive && design->bodyDiffersOnDisk()) // written while an error was shown
+        reloadBodyHtmlForDesignAtPath(folder);
+}
+
+void LSMDesignTemplateManager::takeBodyFromDisk(LSMDesignTemplate *design, bool isToBeReloaded)
+{
     platform::Error error;
+    const QString path = design->bodyPath();
     const auto bytes = platform::readFile(path, &error);
     design->noteBodyOnDisk(bytes.value_or(QByteArray()));
     if (!isToBeReloaded)
         return;
-    if (bytes) {
-        design->setHtmlSourceCode(platform::decodeText(*bytes).text);
-    } else {
-        platform::log("error reading file: %@\n%@", path, error.description);
-        platform::Application::presentError(error);
-    }
-    m_delegate->didReloadChangedDesignFromFile(design);
+    if (bytes)
+        return design->setHtmlSourceCode(platform::decodeText(*bytes).text);
+    platform::log("error reading file: %@\n%@", path, error.description);
+    error.recoverySuggestion = error.description;
+    error.description = platform::format(
+        platform::localized("The HTML of \"%@\" could not be read again. It stays as it is in the "
+                            "editor."),
+        design->templateName());
+    platform::Application::presentError(error);
 }

@@ -59,6 +59,12 @@ bool LSMLotbookConfig::lotbookContainerFolderExistsForBundleIdentifier(const QSt
     return QFileInfo(lotbookContainerFolderForBundleIdentifier(bundle)).isDir();
 }
 
+QString LSMLotbookConfig::lotbookPreferencesPathForBundleIdentifier(const QString &bundle)
+{
+    return lotbookContainerFolderForBundleIdentifier(bundle) +
+           QStringLiteral("/Library/Preferences/") + bundle + QStringLiteral(".plist");
+}
+
 QString LSMLotbookConfig::lotbookContainerFolder()
 {
     return lotbookContainerFolderForBundleIdentifier(lotbookApplicationIdentifier());

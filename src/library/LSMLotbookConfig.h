@@ -29,6 +29,9 @@ public:
     static QString lotbookContainerFolderForBundleIdentifier(const QString &bundle);
     static bool lotbookContainerFolderExistsForBundleIdentifier(const QString &bundle);
 
+    /// Where that version keeps its preferences.
+    static QString lotbookPreferencesPathForBundleIdentifier(const QString &bundle);
+
     static QString lotbookContainerFolder();
     static QString lotbookApplicationSupportPath();
     static QString lotbookDesignTemplatesPath();

@@ -100,7 +100,7 @@ TEST(DesignText, LayoutNames)
 TEST(DesignText, ASampleNeverLeavesItsFolder)
 {
     EXPECT_EQ(LSMDesignLayouts::sampleFileName(u"Two Columns"_s), u"Two_Columns.html");
-    EXPECT_EQ(LSMDesignLayouts::sampleFileName(u"../body"_s), u"..-body.html");
+    EXPECT_EQ(LSMDesignLayouts::sampleFileName(u"../body"_s), u"%2E.%2Fbody.html");
 }
 
 TEST(DesignText, ImageUrls)

@@ -298,11 +298,12 @@ TEST_F(Saving, ACustomFolderThatCannotBeMadeFailsTheSave)
     support::writeFile(home(u"file"_s), "x");
     platform::UserDefaults::standardUserDefaults().setObject(u"customTemplatesPath"_s,
                                                              home(u"file/designs"_s));
-    const DesignPointer design = newDesign(manager, u"A"_s, u"x"_s);
+    LSMDesignTemplateManager elsewhere;
+    const DesignPointer design = newDesign(elsewhere, u"A"_s, u"x"_s);
     platform::Error error;
-    EXPECT_FALSE(manager.saveDesignTemplate(design.get(), &error));
+    EXPECT_FALSE(elsewhere.saveDesignTemplate(design.get(), &error));
     EXPECT_TRUE(error.description.contains(home(u"file"_s))) << error.description.toStdString();
-    EXPECT_TRUE(manager.hasUnsavedDesigns());
+    EXPECT_TRUE(elsewhere.hasUnsavedDesigns());
 }
 
 TEST_F(Saving, DeletingRemovesTheBundleAndNothingElse)

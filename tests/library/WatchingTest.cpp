@@ -161,8 +161,10 @@ TEST_F(DesignWatching, BadPathsAndFilesChangeNothing)
     EXPECT_THROW(manager->stopWatchingFileAtPath({}), platform::AssertionFailure);
 
     QStringList presented;
-    platform::Application::setErrorPresenter(
-        [&](const platform::Error &error) { presented << error.description; });
+    platform::Application::setErrorPresenter([&](const platform::Error &error) {
+        presented << error.description;
+        manager->reloadBodyHtmlForDesignAtPath(bundle(u"A"_s)); // one error at a time
+    });
     QFile::remove(body(u"A"_s));
     manager->reloadBodyHtmlForDesignAtPath(bundle(u"A"_s));
     EXPECT_TRUE(answers.asked.isEmpty()) << "nothing there";
@@ -170,10 +172,19 @@ TEST_F(DesignWatching, BadPathsAndFilesChangeNothing)
     const support::LogCapture log;
     manager->reloadBodyHtmlForDesignAtPath(bundle(u"A"_s));
     platform::Application::setErrorPresenter(nullptr);
-    EXPECT_EQ(presented.size(), 1);
+    EXPECT_EQ(presented, QStringList(u"The HTML of \"A\" could not be read again. It stays as it "
+                                     "is in the editor."_s));
     EXPECT_TRUE(log.contains(u"error reading file: "_s + body(u"A"_s)));
     EXPECT_EQ(answers.reloaded, QStringList(u"A"_s)) << "told, read or not";
     EXPECT_EQ(named(u"A"_s)->htmlSourceCode(), u"old"_s);
+
+    platform::Application::setErrorPresenter([&](const platform::Error &) {
+        QDir().rmdir(body(u"A"_s));
+        support::writeFile(body(u"A"_s), "readable again");
+    });
+    manager->reloadBodyHtmlForDesignAtPath(bundle(u"A"_s));
+    platform::Application::setErrorPresenter(nullptr);
+    EXPECT_EQ(named(u"A"_s)->htmlSourceCode(), u"readable again"_s);
     EXPECT_THROW(
         {
             manager->setDelegate(nullptr);

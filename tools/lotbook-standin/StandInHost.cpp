@@ -1,6 +1,7 @@
 #include "StandInHost.h"
 
 #include "library/LSMDesignKeys.h"
+#include "library/LSMDesignLayouts.h"
 #include "library/LSMDesignTemplateManager.h"
 #include "library/LSMLotbookConfig.h"
 #include "library/LSMPlaceholders.h"
@@ -21,21 +22,14 @@ namespace {
 
 constexpr qsizetype hugeSize = 50 * 1024 * 1024;
 
-QString preferencesPath()
-{
-    return LSMLotbookConfig::lotbookContainerFolder() + QStringLiteral("/Library/Preferences/") +
-           LSMLotbookConfig::lotbookApplicationIdentifier() + QStringLiteral(".plist");
-}
-
 // What the design itself adds to the listing: its properties, and which layout is on.
 void addValuesOfDesign(ListingValues &values, const LSMDesignTemplate &design,
                        const QString &layoutName)
 {
     values.insert(LSMPropertyValues(design));
     const bool isKnown = design.layoutNames().contains(layoutName);
-    const QString marker = QString(layoutName).replace(u' ', u'_');
-    values[isKnown ? LSMDesignKeys::layoutMarker + marker : QStringLiteral("LBLayoutNotDefined")] =
-        QStringLiteral("1");
+    values[isKnown ? LSMDesignLayouts::markerOfLayout(layoutName)
+                   : QStringLiteral("LBLayoutNotDefined")] = QStringLiteral("1");
 }
 
 // Read anew each time: they change on disk.
@@ -136,7 +130,9 @@ void StandInHost::refuse(const QString &description)
 
 void StandInHost::render()
 {
-    const platform::UserDefaults preferences(preferencesPath());
+    const platform::UserDefaults preferences(
+        LSMLotbookConfig::lotbookPreferencesPathForBundleIdentifier(
+            LSMLotbookConfig::lotbookApplicationIdentifier()));
     const auto design = designWithIdentifier(m_designIdentifier);
     if (!design || !preferences.boolean(QStringLiteral("writeDescriptionToLibrary")) ||
         (m_options.renders && m_renderings++ >= *m_options.renders))

@@ -25,12 +25,6 @@ int complain(const QString &text)
     return 1;
 }
 
-QString pathOfDomain(const QString &domain)
-{
-    return LSMLotbookConfig::lotbookContainerFolderForBundleIdentifier(domain) +
-           QStringLiteral("/Library/Preferences/") + domain + QStringLiteral(".plist");
-}
-
 QString shown(const QVariant &value)
 {
     return value.typeId() == QMetaType::Bool ? QString::number(value.toInt()) : value.toString();
@@ -85,7 +79,8 @@ int main(int argc, char **argv)
         return 2;
     }
     const QString verb = words.takeFirst();
-    const QString path = pathOfDomain(words.takeFirst());
+    const QString path =
+        LSMLotbookConfig::lotbookPreferencesPathForBundleIdentifier(words.takeFirst());
     UserDefaults defaults(path);
     if (verb == u"read" && words.size() <= 1)
         return read(defaults, words);
