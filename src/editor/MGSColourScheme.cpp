@@ -89,7 +89,7 @@ void MGSColourScheme::setPropertyListRepresentation(const QVariantMap &values)
             setValue(property, Transformer::colour(values.value(property).toString()));
     }
     for (const QString &property : propertiesOfTypeBool()) {
-        if (values.value(property).canConvert<bool>())
+        if (platform::isNumber(values.value(property)))
             setValue(property, values.value(property).toBool());
     }
     if (values.value(displayNameKey).typeId() == QMetaType::QString)

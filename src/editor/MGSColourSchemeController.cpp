@@ -234,59 +234,64 @@ QString MGSColourSchemeController::buttonSaveDeleteTitle() const
                : localized("Delete Scheme…");
 }
 
+// What is asked about is saved or deleted, whatever the values are when the answer comes.
 void MGSColourSchemeController::addDeleteButtonAction()
 {
+    const Scheme scheme = m_currentScheme;
     if (currentSchemeIsCustom()) {
         m_saveController->setSchemeName(localized("New Scheme"));
-        m_saveController->showSchemeNameGetter(m_parentView, [this](bool confirmed) {
-            if (confirmed && currentSchemeIsCustom())
-                saveCurrentScheme();
-        });
-    } else if (m_currentScheme && !m_currentScheme->isLoadedFromBundle()) {
-        m_saveController->showDeleteConfirmation(m_parentView, [this](bool confirmed) {
+        m_saveController->showSchemeNameGetter(m_parentView,
+                                               [this, custom = *scheme](bool confirmed) {
+                                                   if (confirmed)
+                                                       saveScheme(custom);
+                                               });
+    } else if (scheme && !scheme->isLoadedFromBundle()) {
+        m_saveController->showDeleteConfirmation(m_parentView, [this, scheme](bool confirmed) {
             if (confirmed)
-                deleteCurrentScheme();
+                deleteScheme(scheme);
         });
     }
 }
 
 // A scheme of the user's that is in the file already gives way only if the user says so.
-void MGSColourSchemeController::saveCurrentScheme()
+void MGSColourSchemeController::saveScheme(MGSColourScheme scheme)
 {
     const QString path =
         usersFolder() + u'/' + m_saveController->fileName() + u'.' + KMGSColourSchemeExt;
-    QList<Scheme> schemes = colourSchemes();
     if (QFile::exists(path) &&
         ZQRunAlertPanel(localized("Replace the scheme?"),
                         localized("There is a scheme in the file \"%@\" already."),
                         localized("Replace"), localized("Cancel"), {},
                         QFileInfo(path).fileName()) != ZQAlertFirstButtonReturn)
         return;
-    MGSColourScheme saved = *m_currentScheme;
-    saved.setDisplayName(m_saveController->schemeName());
+    scheme.setDisplayName(m_saveController->schemeName());
     platform::Error error;
     QDir().mkpath(usersFolder());
-    if (!saved.propertiesSaveToFile(path, &error)) {
+    if (!scheme.propertiesSaveToFile(path, &error)) {
         ZQRunAlertPanel3(localized("The scheme was not saved."), error.description,
                          localized("OK"));
         return;
     }
-    saved.setSourceFile(path);
+    scheme.setSourceFile(path);
+    QList<Scheme> schemes = savedSchemes();
     erase_if(schemes, [&path](const Scheme &each) { return each->sourceFile() == path; });
-    *m_currentScheme = saved;
-    showSchemes(schemes, m_currentScheme);
-    Q_EMIT buttonSaveDeleteDidChange();
+    replaceSchemes(schemes << std::make_shared<MGSColourScheme>(scheme));
 }
 
-// The values stay, and are a custom scheme from then on.
-void MGSColourSchemeController::deleteCurrentScheme()
+// The values stay; without a scheme of their own they are a custom one.
+void MGSColourSchemeController::deleteScheme(const Scheme &scheme)
 {
-    QFile file(m_currentScheme->sourceFile());
+    QFile file(scheme->sourceFile());
     if (!file.remove())
         platform::log("%@", file.errorString());
-    QList<Scheme> schemes = colourSchemes();
-    schemes.removeOne(m_currentScheme);
+    QList<Scheme> schemes = savedSchemes();
+    schemes.removeOne(scheme);
+    replaceSchemes(schemes);
+}
+
+void MGSColourSchemeController::replaceSchemes(const QList<Scheme> &saved)
+{
     m_currentScheme = nullptr;
-    showSchemes(schemes, nullptr);
+    showSchemes(saved, nullptr);
     findAndSetCurrentScheme();
 }

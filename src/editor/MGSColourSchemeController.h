@@ -82,8 +82,9 @@ private:
     void showSchemes(QList<Scheme> schemes, const Scheme &selected);
     QList<Scheme> savedSchemes() const;
     QString usersFolder() const;
-    void saveCurrentScheme();
-    void deleteCurrentScheme();
+    void replaceSchemes(const QList<Scheme> &saved);
+    void saveScheme(MGSColourScheme scheme);
+    void deleteScheme(const Scheme &scheme);
     void updateMenu();
 
     Places m_places;

@@ -2,8 +2,25 @@
 
 #include "platform/Log.h"
 
+#include <cmath>
 #include <QColor>
 #include <QRegularExpression>
+
+namespace {
+
+// A color keeps sixteen bits of each component, so 0.5 became 0.500008: where four digits mean the
+// same they are what was written, unless it is one of the 256 steps that pickers give.
+QString number(quint16 component)
+{
+    constexpr double most = 65535;
+    constexpr int step = 257;
+    const double value = component / most;
+    const double rounded = std::round(value * 10'000) / 10'000;
+    const bool isMeant = component % step != 0 && qRound(rounded * most) == component;
+    return QString::number(isMeant ? rounded : value, 'f', 6);
+}
+
+} // namespace
 
 QVariant MGSColourToPlainTextTransformer::transformedValue(const QVariant &colour) const
 {
@@ -22,11 +39,11 @@ QString MGSColourToPlainTextTransformer::text(const QVariant &colour)
         platform::log("MGSStringFromColor: can't convert %@, returning red", colour.toString());
         return QStringLiteral("1.0 0.0 0.0");
     }
-    QString text = platform::format(QStringLiteral("%lf %lf %lf"), double(converted.redF()),
-                                    double(converted.greenF()), double(converted.blueF()));
-    if (converted.alpha() != 255)
-        text += platform::format(QStringLiteral(" %lf"), double(converted.alphaF()));
-    return text;
+    const QRgba64 parts = converted.rgba64();
+    QStringList numbers{number(parts.red()), number(parts.green()), number(parts.blue())};
+    if (!parts.isOpaque())
+        numbers << number(parts.alpha());
+    return numbers.join(u' ');
 }
 
 QColor MGSColourToPlainTextTransformer::colour(const QString &text)

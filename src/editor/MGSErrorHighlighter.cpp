@@ -13,7 +13,6 @@ using platform::TextStorage;
 namespace {
 
 constexpr int none = -1;
-constexpr int errorUnderline = 15; // platform::isErrorUnderline
 
 /// What counts from one, counted from zero; 0 itself counts as the first.
 qsizetype fromZero(quint64 number)
@@ -159,5 +158,5 @@ const TextAttributes &MGSErrorHighlighter::attributes(const QColor &lineColour, 
                {TextAttribute::BackgroundColor, lineColour.isValid() ? lineColour : QVariant()},
                {TextAttribute::ToolTip, tip},
                {TextAttribute::UnderlineStyle,
-                isUnderlined ? QVariant(errorUnderline) : QVariant()}};
+                isUnderlined ? QVariant(platform::errorUnderline) : QVariant()}};
 }

@@ -1,22 +1,15 @@
 #include "editor/MGSHybridUserDefaultsController.h"
 
+#include "editor/MGSGroups.h"
 #include "editor/MGSHybridValuesProxy.h"
 #include "editor/MGSUserDefaultsController.h"
 #include "platform/Assert.h"
-
-#include <map>
-#include <mutex>
-#include <QCoreApplication>
-#include <QThread>
 
 MGSHybridUserDefaultsController::MGSHybridUserDefaultsController(const QString &groupID)
     : m_group(MGSUserDefaultsController::sharedControllerForGroupID(groupID)),
       m_global(MGSUserDefaultsController::sharedController())
 {
-    QThread *mainThread = QCoreApplication::instance()->thread();
-    moveToThread(mainThread);
     m_values = std::make_shared<MGSHybridValuesProxy>(this);
-    m_values->moveToThread(mainThread);
     for (const MGSUserDefaultsController *controller : controllers())
         connect(controller, &MGSUserDefaultsController::managedPropertiesDidChange, this,
                 &MGSHybridUserDefaultsController::managedPropertiesDidChange);
@@ -28,13 +21,11 @@ MGSHybridUserDefaultsController *
 MGSHybridUserDefaultsController::sharedControllerForGroupID(const QString &groupID)
 {
     PLATFORM_ASSERT(!groupID.isNull(), "groupID cannot be nil");
-    static std::mutex mutex;
-    static std::map<QString, std::unique_ptr<MGSHybridUserDefaultsController>> controllers;
-    const std::lock_guard lock(mutex);
-    auto &controller = controllers[groupID];
-    if (!controller)
-        controller.reset(new MGSHybridUserDefaultsController(groupID));
-    return controller.get();
+    static MGSGroups<MGSHybridUserDefaultsController> groups([](const QString &group) {
+        return std::unique_ptr<MGSHybridUserDefaultsController>(
+            new MGSHybridUserDefaultsController(group));
+    });
+    return &groups.of(groupID);
 }
 
 QString MGSHybridUserDefaultsController::groupID() const

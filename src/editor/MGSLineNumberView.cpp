@@ -19,6 +19,7 @@ using platform::TextStorage;
 
 namespace {
 
+constexpr qreal greatestMinimumWidth = 1000;
 constexpr qreal foldMarkWidth = 12;
 constexpr QSize largestDecoration(256, 256); // asked for to learn a picture's proportions
 
@@ -146,7 +147,7 @@ void MGSLineNumberView::setBackgroundColor(const QColor &colour)
 
 void MGSLineNumberView::setMinimumWidth(double pixels)
 {
-    m_minimumWidth = pixels;
+    m_minimumWidth = qMin(pixels, greatestMinimumWidth);
     updateThickness();
 }
 

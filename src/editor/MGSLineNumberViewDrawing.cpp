@@ -2,6 +2,7 @@
 #include "editor/MGSChangedLines.h"
 #include "editor/MGSFolding.h"
 #include "editor/MGSLineNumberView.h"
+#include "platform/Appearance.h"
 
 #include <cmath>
 #include <QPainter>
@@ -13,15 +14,6 @@ namespace {
 constexpr qreal dividerDarkening = 0.3933333333333333;
 constexpr qreal changeBarWidth = 3;
 constexpr qreal markerSlant = 2.6; // the tip of a marker is the height by this long
-
-QColor blended(const QColor &colour, qreal fraction, const QColor &other)
-{
-    const auto mix = [fraction](float a, float b) {
-        return a + (b - a) * float(fraction);
-    };
-    return QColor::fromRgbF(mix(colour.redF(), other.redF()), mix(colour.greenF(), other.greenF()),
-                            mix(colour.blueF(), other.blueF()));
-}
 
 /// An arrow-shaped tag that points to the right.
 QPainterPath markerShape(const QRectF &rect)
@@ -57,12 +49,13 @@ void MGSLineNumberView::paintEvent(QPaintEvent *event)
 void MGSLineNumberView::drawBackground(QPainter *painter) const
 {
     painter->fillRect(rect(), m_backgroundColor);
-    const QColor line = blended(m_backgroundColor, 0.5, m_textView->backgroundColor());
+    const QColor line = platform::mixed(m_backgroundColor, 0.5, m_textView->backgroundColor());
     const QLineF divider(width() - 0.5, 0, width() - 0.5, height());
     painter->setPen(QPen(line, 1, Qt::SolidLine, Qt::FlatCap));
     painter->drawLine(divider);
 
-    QPen dashes(blended(line, dividerDarkening, Qt::black), 1, Qt::CustomDashLine, Qt::FlatCap);
+    QPen dashes(platform::mixed(Qt::black, dividerDarkening, line), 1, Qt::CustomDashLine,
+                Qt::FlatCap);
     dashes.setDashPattern({1, 2});
     const platform::ScrollPosition scrolled = m_textView->scrollPosition();
     const qreal rowHeight = m_textView->layoutManager()->style().rowHeight;
@@ -77,7 +70,7 @@ void MGSLineNumberView::drawRow(QPainter *painter, qsizetype row, const QRectF &
     if (const auto marker = m_breakpointData.constFind(row + 1);
         marker != m_breakpointData.cend()) {
         drawMarker(painter, rect, *marker);
-        colour = blended(colour, marker->alphaF(), Qt::white);
+        colour = platform::mixed(Qt::white, marker->alphaF(), colour);
     }
     if (m_showsLineNumbers)
         drawLineNumber(painter, row, rect, colour);

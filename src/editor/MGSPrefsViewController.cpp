@@ -7,6 +7,7 @@
 #include "platform/Bundle.h"
 #include "ui_MGSPrefsCommonViews.h"
 
+#include <QEvent>
 #include <QSignalBlocker>
 
 using platform::localized;
@@ -117,7 +118,18 @@ void MGSPrefsViewController::bindControls()
         const QMetaProperty value = widget->metaObject()->userProperty();
         connect(widget, value.notifySignal(), this, changed);
         m_controls << Control{widget, key, value};
+        widget->setFocusPolicy(Qt::StrongFocus); // not by the wheel, which is for the page
+        widget->installEventFilter(this);
     }
+}
+
+bool MGSPrefsViewController::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto *control = qobject_cast<QWidget *>(watched);
+    if (event->type() != QEvent::Wheel || !control || control->hasFocus())
+        return false;
+    event->ignore();
+    return true;
 }
 
 void MGSPrefsViewController::controlDidChange()

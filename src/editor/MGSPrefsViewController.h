@@ -54,6 +54,7 @@ public:
 
 protected:
     explicit MGSPrefsViewController(QWidget *parent);
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
     virtual QStringList keysForPanelSubviews() const = 0; ///< Names of the panes, top to bottom.
     virtual QMap<QString, QSet<QString>> propertiesForPanelSubviews() const = 0; ///< By pane.

@@ -1,19 +1,13 @@
 #include "editor/MGSUserDefaults.h"
 
 #include "editor/MGSArchiving.h"
+#include "editor/MGSGroups.h"
 #include "platform/UserDefaults.h"
-
-#include <map>
-#include <memory>
-#include <mutex>
-#include <QCoreApplication>
-#include <QThread>
 
 using platform::UserDefaults;
 
 MGSUserDefaults::MGSUserDefaults(const QString &groupID) : m_groupID(groupID)
 {
-    moveToThread(QCoreApplication::instance()->thread());
     connect(&UserDefaults::standardUserDefaults(), &UserDefaults::didChange, this,
             [this](const QString &key) {
                 if (key == m_groupID)
@@ -23,13 +17,10 @@ MGSUserDefaults::MGSUserDefaults(const QString &groupID) : m_groupID(groupID)
 
 MGSUserDefaults &MGSUserDefaults::sharedUserDefaultsForGroupID(const QString &groupID)
 {
-    static std::mutex mutex;
-    static std::map<QString, std::unique_ptr<MGSUserDefaults>> groups;
-    const std::lock_guard lock(mutex);
-    std::unique_ptr<MGSUserDefaults> &group = groups[groupID];
-    if (!group)
-        group.reset(new MGSUserDefaults(groupID));
-    return *group;
+    static MGSGroups<MGSUserDefaults> groups([](const QString &group) {
+        return std::unique_ptr<MGSUserDefaults>(new MGSUserDefaults(group));
+    });
+    return groups.of(groupID);
 }
 
 MGSUserDefaults &MGSUserDefaults::sharedUserDefaults()

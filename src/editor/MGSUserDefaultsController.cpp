@@ -1,44 +1,15 @@
 #include "editor/MGSUserDefaultsController.h"
 
 #include "editor/MGSFragariaView.h"
+#include "editor/MGSGroups.h"
 #include "editor/MGSPreferencesProxyDictionary.h"
 #include "editor/MGSUserDefaults.h"
 #include "platform/Assert.h"
 #include "platform/Log.h"
 
-#include <map>
-#include <mutex>
-#include <QCoreApplication>
-#include <QThread>
-
 namespace {
 
 const QString globalGroup = QStringLiteral("Global");
-
-std::mutex controllersMutex;
-
-/// Guarded by the mutex.
-std::map<QString, std::unique_ptr<MGSUserDefaultsController>> &controllersByGroup()
-{
-    static std::map<QString, std::unique_ptr<MGSUserDefaultsController>> controllers;
-    return controllers;
-}
-
-QList<MGSUserDefaultsController *> allControllers()
-{
-    const std::lock_guard lock(controllersMutex);
-    QList<MGSUserDefaultsController *> all;
-    for (const auto &[group, controller] : controllersByGroup())
-        all << controller.get();
-    return all;
-}
-
-QString described(const QObject *object)
-{
-    return platform::format(QStringLiteral("<%@: %p>"),
-                            QString::fromLatin1(object->metaObject()->className()),
-                            static_cast<const void *>(object));
-}
 
 } // namespace
 
@@ -46,22 +17,22 @@ MGSUserDefaultsController::MGSUserDefaultsController(const QString &groupID)
     : m_groupID(groupID), m_values(std::make_shared<MGSPreferencesProxyDictionary>(this))
 {
     m_values->setDefaultValues(MGSFragariaView::defaultsDictionary());
-    QThread *mainThread = QCoreApplication::instance()->thread();
-    moveToThread(mainThread);
-    m_values->moveToThread(mainThread);
 }
 
 MGSUserDefaultsController::~MGSUserDefaultsController() = default;
 
+MGSGroups<MGSUserDefaultsController> &MGSUserDefaultsController::groups()
+{
+    static MGSGroups<MGSUserDefaultsController> groups([](const QString &group) {
+        return std::unique_ptr<MGSUserDefaultsController>(new MGSUserDefaultsController(group));
+    });
+    return groups;
+}
+
 MGSUserDefaultsController *
 MGSUserDefaultsController::sharedControllerForGroupID(const QString &groupID)
 {
-    const std::lock_guard lock(controllersMutex);
-    const QString group = groupID.isNull() ? globalGroup : groupID;
-    auto &controller = controllersByGroup()[group];
-    if (!controller)
-        controller.reset(new MGSUserDefaultsController(group));
-    return controller.get();
+    return &groups().of(groupID.isNull() ? globalGroup : groupID);
 }
 
 MGSUserDefaultsController *MGSUserDefaultsController::sharedController()
@@ -79,7 +50,7 @@ QSet<MGSFragariaView *> MGSUserDefaultsController::managedInstances() const
     if (!isGlobal())
         return m_fragarias;
     QSet<MGSFragariaView *> all;
-    for (const MGSUserDefaultsController *controller : allControllers())
+    for (const MGSUserDefaultsController *controller : groups().all())
         all.unite(controller->m_fragarias);
     return all;
 }
@@ -94,7 +65,7 @@ void MGSUserDefaultsController::addFragariaToManagedSet(MGSFragariaView *fragari
             platform::format(
                 QStringLiteral(
                     "Trying to manage Fragaria %@ with more than one MGSUserDefaultsController!"),
-                described(fragaria)));
+                fragaria));
     m_fragarias.insert(fragaria);
     connect(fragaria, &QObject::destroyed, this,
             [this, fragaria] { m_fragarias.remove(fragaria); });
@@ -108,7 +79,7 @@ void MGSUserDefaultsController::removeFragariaFromManagedSet(MGSFragariaView *fr
     if (!m_fragarias.remove(fragaria)) {
         platform::log("Attempted to remove Fragaria %@ from %@ but it was not registered in the "
                       "first place!",
-                      described(fragaria), described(this));
+                      fragaria, this);
         return;
     }
     fragaria->disconnect(this);
@@ -125,7 +96,7 @@ void MGSUserDefaultsController::setManagedProperties(const QSet<QString> &proper
         return replaceManagedProperties(properties);
     }
     QSet<QString> local;
-    for (const MGSUserDefaultsController *controller : allControllers()) {
+    for (const MGSUserDefaultsController *controller : groups().all()) {
         if (controller != this)
             local.unite(controller->m_managedProperties);
     }

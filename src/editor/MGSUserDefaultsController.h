@@ -5,6 +5,8 @@
 #include <QVariantMap>
 
 class MGSPreferencesProxyDictionary;
+template <class Object>
+class MGSGroups;
 
 /// Lets the editor views of a group share settings: every view that is added is bound to `values`
 /// for the managed properties, so a change in one place reaches all. The group "Global" is the one
@@ -57,6 +59,7 @@ public:
     void setPersistent(bool persistent);
 
 private:
+    static MGSGroups<MGSUserDefaultsController> &groups();
     explicit MGSUserDefaultsController(const QString &groupID);
     void replaceManagedProperties(const QSet<QString> &properties);
     void registerBindings(const QSet<QString> &properties);

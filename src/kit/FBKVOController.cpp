@@ -10,13 +10,6 @@ namespace {
 constexpr const char *associationKey = "NSObjectKVOControllerKey";
 constexpr const char *nonRetainingAssociationKey = "NSObjectKVOControllerNonRetainingKey";
 
-QString description(const QObject *object)
-{
-    return object ? platform::format(QStringLiteral("<%@: %p>"), object->metaObject()->className(),
-                                     static_cast<const void *>(object))
-                  : QString();
-}
-
 std::shared_ptr<FBKVOController> associated(QObject *object, const char *key,
                                             FBKVOController::Retain observed)
 {
@@ -49,18 +42,20 @@ FBKVOController::~FBKVOController()
 void FBKVOController::observe(const FBKVOObject &object, const QString &keyPath, unsigned options,
                               const Block &block)
 {
-    PLATFORM_ASSERT(
-        !keyPath.isEmpty() && block, "missing required parameters observe:%@ keyPath:%@ block:%p",
-        description(object.get()), keyPath, static_cast<const void *>(block ? &block : nullptr));
+    PLATFORM_ASSERT(!keyPath.isEmpty() && block,
+                    "missing required parameters observe:%@ keyPath:%@ block:%p",
+                    static_cast<const QObject *>(object.get()), keyPath,
+                    static_cast<const void *>(block ? &block : nullptr));
     observe(object, std::make_shared<FBKVOInfo>(keyPath, options, block));
 }
 
 void FBKVOController::observe(const FBKVOObject &object, const QStringList &keyPaths,
                               unsigned options, const Block &block)
 {
-    PLATFORM_ASSERT(
-        !keyPaths.isEmpty() && block, "missing required parameters observe:%@ keyPath:%@ block:%p",
-        description(object.get()), keyPaths, static_cast<const void *>(block ? &block : nullptr));
+    PLATFORM_ASSERT(!keyPaths.isEmpty() && block,
+                    "missing required parameters observe:%@ keyPath:%@ block:%p",
+                    static_cast<const QObject *>(object.get()), keyPaths,
+                    static_cast<const void *>(block ? &block : nullptr));
     for (const QString &keyPath : keyPaths)
         observe(object, keyPath, options, block);
 }
@@ -70,7 +65,7 @@ void FBKVOController::observeAction(const FBKVOObject &object, const QString &ke
 {
     PLATFORM_ASSERT(!keyPath.isEmpty() && !action.isEmpty(),
                     "missing required parameters observe:%@ keyPath:%@ action:%@",
-                    description(object.get()), keyPath, action.constData());
+                    static_cast<const QObject *>(object.get()), keyPath, action.constData());
     observe(object, std::make_shared<FBKVOInfo>(keyPath, options, action));
 }
 
@@ -79,7 +74,7 @@ void FBKVOController::observeAction(const FBKVOObject &object, const QStringList
 {
     PLATFORM_ASSERT(!keyPaths.isEmpty() && !action.isEmpty(),
                     "missing required parameters observe:%@ keyPath:%@ action:%@",
-                    description(object.get()), keyPaths, action.constData());
+                    static_cast<const QObject *>(object.get()), keyPaths, action.constData());
     for (const QString &keyPath : keyPaths)
         observeAction(object, keyPath, options, action);
 }
@@ -87,18 +82,18 @@ void FBKVOController::observeAction(const FBKVOObject &object, const QStringList
 void FBKVOController::observeContext(const FBKVOObject &object, const QString &keyPath,
                                      unsigned options, void *context)
 {
-    PLATFORM_ASSERT(!keyPath.isEmpty(),
-                    "missing required parameters observe:%@ keyPath:%@ context:%p",
-                    description(object.get()), keyPath, static_cast<const void *>(context));
+    PLATFORM_ASSERT(
+        !keyPath.isEmpty(), "missing required parameters observe:%@ keyPath:%@ context:%p",
+        static_cast<const QObject *>(object.get()), keyPath, static_cast<const void *>(context));
     observe(object, std::make_shared<FBKVOInfo>(keyPath, options, context));
 }
 
 void FBKVOController::observeContext(const FBKVOObject &object, const QStringList &keyPaths,
                                      unsigned options, void *context)
 {
-    PLATFORM_ASSERT(!keyPaths.isEmpty(),
-                    "missing required parameters observe:%@ keyPath:%@ context:%p",
-                    description(object.get()), keyPaths, static_cast<const void *>(context));
+    PLATFORM_ASSERT(
+        !keyPaths.isEmpty(), "missing required parameters observe:%@ keyPath:%@ context:%p",
+        static_cast<const QObject *>(object.get()), keyPaths, static_cast<const void *>(context));
     for (const QString &keyPath : keyPaths)
         observeContext(object, keyPath, options, context);
 }

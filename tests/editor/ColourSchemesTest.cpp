@@ -110,6 +110,9 @@ TEST(ColourText, EachColourHasATextAndComesBack)
         EXPECT_EQ(Transformer::colour(text), colour.toRgb());
     }
     EXPECT_EQ(Transformer::text(u"no colour at all"_s), u"1.0 0.0 0.0"_s);
+    for (const QString &text : {u"0.500000 0.100000 0.300000"_s, u"0.960000 0.960000 0.710000"_s,
+                                u"0.117647 0.090196 0.086275 0.999000"_s})
+        EXPECT_EQ(Transformer::text(Transformer::colour(text)), text);
     const std::pair<QString, QColor> read[] = {
         {u" 0 .5e0\t1 "_s, QColor::fromRgbF(0, 0.5F, 1)},
         {u"0 0 7 0.5 rest"_s, QColor(0, 0, 255, 128)},
@@ -156,7 +159,7 @@ TEST_F(ColourSchemes, FilesOfAnyShapeAreReadOrLeftOut)
     PropertyList::write(QVariantMap{{u"displayName"_s, 7},
                                     {u"textColor"_s, true},
                                     {u"backgroundColor"_s, u"blue"_s},
-                                    {u"coloursStrings"_s, u"x"_s},
+                                    {u"coloursAutocomplete"_s, u"NO"_s},
                                     {u"stranger"_s, 1}},
                         PropertyList::Format::Binary, usersFile(u".odd.plist"_s));
     open();
@@ -164,7 +167,8 @@ TEST_F(ColourSchemes, FilesOfAnyShapeAreReadOrLeftOut)
                                      u"Mine"_s, u"Sea"_s}));
     const QList<MGSColourSchemeController::Scheme> schemes = controller->colourSchemes();
     EXPECT_EQ(schemes[1]->value(u"backgroundColor"_s), QColor(Qt::red));
-    EXPECT_EQ(schemes[1]->value(u"textColor"_s), MGSColourScheme().value(u"textColor"_s));
+    for (const QString &ofAnotherType : {u"textColor"_s, u"coloursAutocomplete"_s})
+        EXPECT_EQ(schemes[1]->value(ofAnotherType), MGSColourScheme().value(ofAnotherType));
 
     const auto load = [this](const QString &name) {
         try {
@@ -293,6 +297,28 @@ TEST_F(ColourSchemes, AnotherSchemeIsReplacedOnlyIfTheUserSaysSoAndAFailureIsTol
     EXPECT_EQ(answers.shown.last().messageText, u"The scheme was not saved."_s);
     EXPECT_TRUE(controller->currentSchemeIsCustom());
     EXPECT_EQ(menu->currentText(), u"Custom Settings"_s);
+}
+
+TEST_F(ColourSchemes, WhatIsAskedAboutIsSavedOrDeletedWhateverTheValuesAreByThen)
+{
+    open();
+    support::AlertAnswers answers;
+    values->setValue(u"backgroundColor"_s, QColor(9, 9, 9));
+    const MGSColourScheme custom = *controller->currentScheme();
+    answers.whileShown = [&] {
+        values->setValue(u"backgroundColor"_s, QColor(0, 0, 80));
+    };
+    save(u"Mine"_s);
+    EXPECT_TRUE(
+        MGSColourScheme::schemeWithFile(usersFile(u"Mine.plist"_s)).isEqualToScheme(custom));
+    EXPECT_EQ(menu->currentText(), u"Sea"_s);
+
+    choose(u"Mine"_s);
+    button->click();
+    EXPECT_EQ(answers.shown.size(), 2);
+    EXPECT_FALSE(QFile::exists(usersFile(u"Mine.plist"_s)));
+    EXPECT_EQ(listed(), QStringList({u"apple"_s, u"Sea"_s}));
+    EXPECT_EQ(menu->currentText(), u"Sea"_s);
 }
 
 TEST_F(ColourSchemes, OfEqualSchemesTheFirstByNameIsMeant)

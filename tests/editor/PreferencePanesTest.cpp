@@ -19,6 +19,7 @@
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace {
 
@@ -157,6 +158,24 @@ TEST_F(PreferencePanes, ControlsAndViewsFollowEachOther)
     auto *strings = control<QCheckBox>("coloursStrings");
     QTest::keyClick(strings, Qt::Key_Space);
     EXPECT_FALSE(view.coloursStrings());
+}
+
+TEST_F(PreferencePanes, TheWheelScrollsThePageAndChangesOnlyTheFieldOneIsIn)
+{
+    auto *column = control<QSpinBox>("pageGuideColumn");
+    const auto turn = [column] {
+        const QPointF place(column->rect().center());
+        QWheelEvent event(place, column->mapToGlobal(place), {}, {0, -120}, {}, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(column, &event);
+        return column->value();
+    };
+    editorPage.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&editorPage));
+    const int value = column->value();
+    EXPECT_EQ(turn(), value);
+    column->setFocus();
+    EXPECT_EQ(turn(), value - 1);
 }
 
 TEST_F(PreferencePanes, AColourIsChosenInTheDialog)

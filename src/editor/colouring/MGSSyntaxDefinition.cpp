@@ -3,6 +3,7 @@
 #include "editor/colouring/SMLSyntaxDefinitionKeys.h"
 #include "platform/Assert.h"
 #include "platform/Log.h"
+#include "platform/PropertyList.h"
 #include "platform/RegularExpression.h"
 
 #include <algorithm>
@@ -11,26 +12,12 @@ namespace {
 
 using platform::CharacterSet;
 
-bool isNumber(const QVariant &value)
-{
-    switch (value.typeId()) {
-    case QMetaType::Bool:
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool booleanValue(const QVariantMap &dictionary, QLatin1StringView key, bool absent)
 {
     const QVariant value = dictionary.value(key);
     if (!value.isValid())
         return absent;
-    PLATFORM_ASSERT(isNumber(value), "NSNumber expected");
+    PLATFORM_ASSERT(platform::isNumber(value), "NSNumber expected");
     return value.toDouble() != 0;
 }
 

@@ -15,8 +15,6 @@ public:
     /// Takes the content over.
     explicit Popover(QWidget *content);
 
-    QWidget *content() const { return m_content; }
-
     /// Opens below the anchor, or above it where the screen ends, and puts the keyboard into the
     /// content. Goes with the anchor's window.
     void showRelativeTo(QWidget *anchor);

@@ -18,13 +18,6 @@ constexpr int focusRing = 2; // Around the frame, in pixels.
 constexpr int leastHeight = 18;
 constexpr int horizontalPadding = 14;
 
-QColor mixed(const QColor &over, const QColor &under, qreal share)
-{
-    return QColor::fromRgbF(float(over.redF() * share + under.redF() * (1 - share)),
-                            float(over.greenF() * share + under.greenF() * (1 - share)),
-                            float(over.blueF() * share + under.blueF() * (1 - share)));
-}
-
 } // namespace
 
 /// One segment; a checkable button, so that it has a place of its own for assistive technology.
@@ -68,8 +61,9 @@ private:
         painter.setPen(Qt::NoPen);
         const QColor text = palette().color(QPalette::ButtonText);
         if (isChecked())
-            painter.setBrush(isEnabled() ? palette().color(QPalette::Active, QPalette::Highlight)
-                                         : mixed(text, palette().color(QPalette::Window), 0.3));
+            painter.setBrush(isEnabled()
+                                 ? palette().color(QPalette::Active, QPalette::Highlight)
+                                 : platform::mixed(text, 0.3, palette().color(QPalette::Window)));
         else if (isEnabled() && (isDown() || underMouse()))
             painter.setBrush(QColor(text.red(), text.green(), text.blue(), isDown() ? 45 : 22));
         else
@@ -191,8 +185,8 @@ void SegmentedControl::paintEvent(QPaintEvent *)
         painter.setPen(QPen(platform::namedColor(QStringLiteral("accentColor")), focusRing));
         painter.drawRoundedRect(frame.adjusted(-0.5, -0.5, 0.5, 0.5), radius + 1, radius + 1);
     }
-    painter.setPen(mixed(text, window, 0.25));
-    painter.setBrush(mixed(text, window, 0.06));
+    painter.setPen(platform::mixed(text, 0.25, window));
+    painter.setBrush(platform::mixed(text, 0.06, window));
     painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     for (int segment = 1; segment < segmentCount(); ++segment) {
         if (segment == m_selected || segment - 1 == m_selected)
