@@ -1925,6 +1925,14 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <source>The HTML is too long to be checked.</source>
         <translation>Das HTML ist zu lang, um geprüft zu werden.</translation>
     </message>
+    <message>
+        <source>Another version of Lotbook has been chosen. Start the Layoutsmith anew to work with it.</source>
+        <translation>Eine andere Version von Lotbook ist gewählt. Starte den Layoutsmith neu, um mit ihr zu arbeiten.</translation>
+    </message>
+    <message>
+        <source>The HTML of &quot;%@&quot; could not be read again. It stays as it is in the editor.</source>
+        <translation>Das HTML von „%@“ konnte nicht neu gelesen werden. Im Editor bleibt es, wie es ist.</translation>
+    </message>
 </context>
 <context>
     <name>MGSColourSchemeSave</name>

@@ -10,13 +10,19 @@
 #include "platform/UserDefaults.h"
 #include "workbench/LSMMainWindowController.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QFile>
+#include <QMainWindow>
 
 using platform::localized;
 
 AppController::AppController() = default;
-AppController::~AppController() = default;
+
+AppController::~AppController()
+{
+    qApp->removeEventFilter(this);
+}
 
 void AppController::initialize()
 {
@@ -53,11 +59,12 @@ void AppController::applicationDidFinishLaunching()
     m_manager = std::make_unique<LSMDesignTemplateManager>();
     m_mainWindowController = std::make_unique<LSMMainWindowController>();
     m_mainWindowController->setDesignTemplateManager(m_manager.get());
-    m_mainWindowController->window()->installEventFilter(this);
+    QMainWindow *window = m_mainWindowController->window();
+    qApp->installEventFilter(this);
     setSwitchToStoreMenuItem(m_mainWindowController->switchToStoreMenuItem());
     awakeFromNib();
     m_mainWindowController->makeKeyAndOrderFront();
-    LSMPaintReport::watch(m_mainWindowController->window()->windowHandle());
+    LSMPaintReport::watch(window->windowHandle());
 }
 
 bool AppController::applicationShouldTerminate()
@@ -74,12 +81,15 @@ bool AppController::applicationShouldTerminate()
     return false;
 }
 
-// Quitting closes the window first, so the guard stands here alone.
+// Quitting closes the main window before any other, so the guard stands here alone.
 bool AppController::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::Close || watched != m_mainWindowController->window())
+    if (event->type() != QEvent::Quit && event->type() != QEvent::Close)
         return false;
-    if (!m_mainWindowController->window()->isVisible() || applicationShouldTerminate())
+    QMainWindow *window = m_mainWindowController->window();
+    if (!window->isVisible() || (event->type() == QEvent::Close && watched != window))
+        return false;
+    if (event->type() == QEvent::Quit ? window->close() : applicationShouldTerminate())
         return false;
     event->ignore();
     return true;

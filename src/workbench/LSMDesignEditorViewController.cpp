@@ -90,7 +90,7 @@ void LSMDesignEditorViewController::viewDidLoad()
             &LSMDesignEditorViewController::designStoreDataDidChange);
     subscribe();
     if (!platform::UserDefaults::standardUserDefaults().boolean(QStringLiteral("showStoreSegment")))
-        m_ui->segmentedControl->setSegmentCount(m_ui->segmentedControl->segmentCount() - 1);
+        m_ui->segmentedControl->setSegmentCount(StoreTab); // which is the last
     connect(m_ui->segmentedControl, &zq::SegmentedControl::selectedSegmentDidChange, this,
             &LSMDesignEditorViewController::setSelectedTab);
     m_ui->segmentedControl->setSelectedSegment(m_selectedTab);
@@ -292,9 +292,12 @@ void LSMDesignEditorViewController::editName()
 
 void LSMDesignEditorViewController::focusSelectedTab()
 {
-    QWidget *const first[] = {m_ui->templateNameTextField, m_ui->fragariaView->textView(),
-                              m_ui->samplesTab, m_ui->propertiesTab, m_ui->storeView};
-    first[m_selectedTab]->setFocus(Qt::OtherFocusReason);
+    const std::map<int, QWidget *> first = {{DesignTab, m_ui->templateNameTextField},
+                                            {HtmlTab, m_ui->fragariaView->textView()},
+                                            {SamplesTab, m_ui->samplesTab},
+                                            {PropertiesTab, m_ui->propertiesTab},
+                                            {StoreTab, m_ui->storeView}};
+    first.at(m_selectedTab)->setFocus(Qt::OtherFocusReason);
 }
 
 void LSMDesignEditorViewController::saveLayoutPreviews(QObject *)
@@ -306,7 +309,7 @@ void LSMDesignEditorViewController::saveLayoutPreviews(QObject *)
 bool LSMDesignEditorViewController::canSaveLayoutPreviews() const
 {
     return !m_ui->samplesTab->isGeneratingPreview() &&
-           LSMSamplesView::reasonNotToGenerate(m_design).isNull();
+           !m_ui->samplesTab->reasonNotToGenerate(m_design);
 }
 
 void LSMDesignEditorViewController::cancelLayoutPreviewsOfDesign(const LSMDesignTemplate *design)

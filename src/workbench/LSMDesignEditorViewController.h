@@ -16,9 +16,6 @@ class LSMDesignChecking;
 namespace Ui {
 class LSMDesignEditorViewController;
 }
-namespace platform {
-class WebView;
-}
 
 /// The right side of the window: tabs over the design that the outline has selected. It keeps the
 /// model up to date as the user types, marks the design dirty, and previews the HTML 0.5 seconds

@@ -52,16 +52,6 @@ QSet<QString> sharedProperties()
            View::propertyGroupColouringExtraOptions() | QSet{QStringLiteral("gutterFont")};
 }
 
-/// So much of one colour laid over another.
-QColor mixed(const QColor &over, float share, const QColor &under)
-{
-    const auto part = [share](float a, float b) {
-        return a * share + b * (1 - share);
-    };
-    return QColor::fromRgbF(part(over.redF(), under.redF()), part(over.greenF(), under.greenF()),
-                            part(over.blueF(), under.blueF()));
-}
-
 MGSUserDefaultsController *controller()
 {
     return MGSUserDefaultsController::sharedController();
@@ -129,9 +119,9 @@ void LSMEditorSettings::applyGutterColours()
     const QColor text = m_view->textColor();
     const bool isChosen = controller()->isSet(backgroundKey);
     m_view->setGutterBackgroundColour(
-        isChosen ? mixed(text, 0.04F, ground)
+        isChosen ? platform::mixed(text, 0.04, ground)
                  : namedColor(QStringLiteral("codeEditorGutterBackgroundColour")));
     m_view->setGutterTextColour(isChosen
-                                    ? mixed(text, 0.65F, ground)
+                                    ? platform::mixed(text, 0.65, ground)
                                     : namedColor(QStringLiteral("codeEditorGutterTextColour")));
 }

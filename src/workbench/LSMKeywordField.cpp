@@ -97,8 +97,9 @@ void LSMKeywordField::selectionChangedTo(ZQKeywordView *, const QVariantList &se
         return;
     const QStringList own = m_design->keywords();
     const QStringList chosen = strings(selected);
+    const QSet<QString> isChosen(chosen.cbegin(), chosen.cend());
     QStringList kept = own;
-    kept.removeIf([&chosen](const QString &keyword) { return !chosen.contains(keyword); });
+    kept.removeIf([&isChosen](const QString &keyword) { return !isChosen.contains(keyword); });
     const QStringList keywords = joined(kept, chosen);
     if (keywords == own)
         return;

@@ -18,6 +18,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+using platform::AppleScript;
 using platform::DispatchQueue;
 using platform::Error;
 using platform::localized;
@@ -87,7 +88,7 @@ void noteLayouts(LSMDesignTemplate &design, const QStringList &layoutNames,
     else
         noted[LSMDesignKeys::defaultLayoutName] = defaultLayoutName;
     if (noted != former) {
-        if (dictionary->contains(LSMDesignKeys::store))
+        if (dictionary->value(LSMDesignKeys::store).typeId() == QMetaType::QVariantMap)
             dictionary->setValue(LSMDesignKeys::store, noted);
         design.setTemplateShouldBeSaved(true);
     }
@@ -184,16 +185,24 @@ bool LSMLayoutPreviewGenerator::run(const std::stop_token &stop, Error *error)
     return true;
 }
 
-// The listing has its own title back whenever this returns, and can have it: nothing cancels
-// between the two.
+// The listing has its own title back when this returns. A host that takes too long does yet, in
+// turn, what it was told; so it is told once more.
 bool LSMLayoutPreviewGenerator::getTitle(QString *outTitle, QString *andPreviewPath, Error *error)
 {
     Error cause;
-    if (!changeSelectedLBTemplateProperty(QStringLiteral("title"), temporaryTitle, outTitle,
-                                          &cause) ||
-        !changeSelectedLBTemplateProperty(QStringLiteral("title"), *outTitle, nullptr, &cause))
+    const auto title = AppleScript(QStringLiteral("tell application \"Lotbook\" to get title of "
+                                                  "selected listing"))
+                           .executeAndReturnError(&cause);
+    *outTitle = title.value_or(QString());
+    const auto setTitle = [&cause](const QString &to) {
+        return changeSelectedLBTemplateProperty(QStringLiteral("title"), to, nullptr, &cause);
+    };
+    if (!title || !setTitle(temporaryTitle) || !setTitle(*title)) {
+        if (title)
+            giveTitleBack(*title);
         return failWith(error, localized("Couldn't get title of selected listing from Lotbook"),
                         cause);
+    }
     *andPreviewPath = generatedDescription(*outTitle);
     QFile::remove(*andPreviewPath);
     if (m_stop.stop_requested())
@@ -206,12 +215,22 @@ bool LSMLayoutPreviewGenerator::getTitle(QString *outTitle, QString *andPreviewP
     return wait(s_waits.rendering);
 }
 
+void LSMLayoutPreviewGenerator::giveTitleBack(const QString &title)
+{
+    Error reason;
+    if (!AppleScript(platform::format(QStringLiteral("tell application \"Lotbook\" to set title of "
+                                                     "selected listing to \"%@\""),
+                                      AppleScript::escaped(title)))
+             .executeAndReturnError(&reason))
+        platform::log("the title \"%@\" may not be back: %@", title, reason.description);
+}
+
 bool LSMLayoutPreviewGenerator::changeSelectedLBTemplateProperty(const QString &name,
                                                                  const QString &value,
                                                                  QString *outOldValue, Error *error)
 {
-    const platform::AppleScript script(platform::format(changeTemplateSource(), name, name,
-                                                        platform::AppleScript::escaped(value)));
+    const AppleScript script(
+        platform::format(changeTemplateSource(), name, name, AppleScript::escaped(value)));
     Error reason;
     const auto formerValue = script.executeAndReturnError(&reason);
     if (!formerValue) {

@@ -34,8 +34,9 @@ public:
 
     /// Starts a run and returns at once. Both handlers are called on the main thread; the last call
     /// is that of the completion handler, which hears of no error when the run was cancelled. It is
-    /// cancelled by `request_stop`, and by destroying what is returned, which waits for it: five
-    /// seconds at the most, while Lotbook is being asked. Main thread.
+    /// cancelled by `request_stop`, and by destroying what is returned, which waits for it: while
+    /// Lotbook is being asked, which gives up after five seconds, and gives it back its title. Main
+    /// thread.
     [[nodiscard]] static std::jthread
     saveLayoutPreviewsOfDesignTemplate(LSMDesignTemplate *design, ProgressHandler progressHandler,
                                        CompletionHandler completionHandler);
@@ -59,6 +60,7 @@ private:
 
     bool run(const std::stop_token &stop, platform::Error *error);
     bool getTitle(QString *outTitle, QString *andPreviewPath, platform::Error *error);
+    static void giveTitleBack(const QString &title);
     QString createLayoutSamplesDirectory(platform::Error *error) const;
     bool createPreviewForLayoutName(const QString &name, const QString &previewPath,
                                     QDateTime *lastModificationDate, const QString &destinationDir,

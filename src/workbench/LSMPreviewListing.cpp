@@ -1,6 +1,7 @@
 #include "workbench/LSMPreviewListing.h"
 
 #include "library/LSMDesignKeys.h"
+#include "library/LSMDesignLayouts.h"
 #include "library/LSMDesignTemplate.h"
 #include "library/LSMPropertyValues.h"
 #include "platform/Bundle.h"
@@ -98,7 +99,7 @@ LSMPlaceholders::Values LSMValuesOfListing(LSMPreviewListing listing,
                                            const LSMDesignTemplate &design)
 {
     const QString layout = design.defaultLayoutName();
-    const QString marker = LSMDesignKeys::layoutMarker + QString(layout).replace(u' ', u'_');
+    const QString marker = LSMDesignLayouts::markerOfLayout(layout);
     return [listing, layout, marker, properties = LSMPropertyValues(design)](const QString &name) {
         if (name.startsWith(LSMDesignKeys::layoutMarker))
             return layout.isNull() || name == marker ? u"1"_s : u""_s;

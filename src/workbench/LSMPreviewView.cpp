@@ -3,10 +3,10 @@
 #include "kit/ui/TintedIcon.h"
 #include "library/LSMDesignTemplate.h"
 #include "platform/Bundle.h"
+#include "platform/Format.h"
 #include "platform/UserDefaults.h"
 #include "platform/web/WebView.h"
 #include "ui_LSMPreviewView.h"
-#include "workbench/LSMPreviewDocument.h"
 
 #include <algorithm>
 #include <QActionGroup>
@@ -17,6 +17,17 @@ using platform::DocumentScroll;
 using platform::localizable;
 using platform::localized;
 using platform::UserDefaults;
+
+namespace {
+
+QByteArray documentOf(const QString &html)
+{
+    return platform::format(QStringLiteral("<html>\n<head></head>\n<body>\n%@\n</body>\n</html>"),
+                            html)
+        .toUtf8();
+}
+
+} // namespace
 
 LSMPreviewView::LSMPreviewView(QWidget *parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::LSMPreviewView>())
@@ -142,7 +153,7 @@ void LSMPreviewView::load(DocumentScroll scroll)
     const bool isFilled = m_design && listing != LSMPreviewListing::None;
     const QString html =
         isFilled ? LSMPlaceholders::filled(m_html, LSMValuesOfListing(listing, *m_design)) : m_html;
-    m_ui->previewWebView->loadData(LSMPreviewDocument(html), QStringLiteral("text/html"),
+    m_ui->previewWebView->loadData(documentOf(html), QStringLiteral("text/html"),
                                    QStringLiteral("utf-8"), scroll);
 }
 

@@ -176,30 +176,33 @@ void LSMPropertyEditorViewController::markCurrentDesignTemplateDirty()
 {
     if (!m_design)
         return; // it has just gone, and what stood open closes after it
-    const QVariantList before = m_list.toList();
-    store();
-    const QVariantList after = m_list.toList();
-    if (before != after)
+    const QVariant before = m_list;
+    store(entries());
+    if (before != m_list)
         m_undoStack.push(new LSMPropertyListChange(
-            before, after, m_undoStep, [this](const QVariantList &list) { restore(list); }));
+            before, m_list, m_undoStep, [this](const QVariant &list) { restore(list); }));
     const QTableView *table = m_ui->propertiesTable;
     if (!table->indexWidget(table->currentIndex())) // what is typed at a stretch is one step
         QTimer::singleShot(0, this, &LSMPropertyEditorViewController::endUndoStep);
 }
 
-void LSMPropertyEditorViewController::store()
+void LSMPropertyEditorViewController::store(const QVariant &list)
 {
-    m_list = entries();
-    m_design->templateDictionary()->setValue(properties, m_list);
+    m_list = list;
+    if (list.isValid())
+        m_design->templateDictionary()->setValue(properties, list);
+    else
+        m_design->templateDictionary()->removeValue(properties);
     platform::NotificationCenter::defaultCenter().post(LSMDesignPropertyDidChange, m_design);
 }
 
-void LSMPropertyEditorViewController::restore(const QVariantList &entries)
+void LSMPropertyEditorViewController::restore(const QVariant &list)
 {
     const QVariantList before = m_list.toList();
+    const QVariantList entries = list.toList();
     resetColorPanel(); // its record goes
     showList(entries);
-    store();
+    store(list);
     const auto [was, is] = std::ranges::mismatch(before, entries);
     if (is != entries.end())
         m_propertiesArrayController.setSelectionIndexes({is - entries.begin()});
@@ -250,9 +253,8 @@ void LSMPropertyEditorViewController::takeSelection()
 {
     const QList<qsizetype> &indexes = m_propertiesArrayController.selectionIndexes();
     LSMPropertyTable *table = m_ui->propertiesTable;
-    updateEnabling();
     if (indexes == table->selectedRows())
-        return;
+        return updateEnabling(); // a model that was reset tells of no selection
     const QScopedValueRollback taking(m_isTakingSelection, true);
     QItemSelection rows;
     for (const qsizetype row : indexes)

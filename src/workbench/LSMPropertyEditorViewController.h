@@ -57,8 +57,8 @@ private:
     void recordDidChange(const Record &record);
     void typeChangedForSelectedProperty(const Record &record, const QVariantMap &change);
     void markCurrentDesignTemplateDirty();
-    void store();
-    void restore(const QVariantList &entries);
+    void store(const QVariant &list);
+    void restore(const QVariant &list);
     void endUndoStep();
     QVariantList entries() const;
     void takeSelection();

@@ -2,16 +2,17 @@
 
 #include <functional>
 #include <QUndoCommand>
-#include <QVariantList>
+#include <QVariant>
 
-/// A change of a design's list of properties, as a step of undo: the list before it and after it.
-/// Changes of one group become one step. It has been done already when it is made.
+/// A change of a design's list of properties, as a step of undo: the list before it and after it,
+/// of which the first may be no value at all. Changes of one group become one step. It has been
+/// done already when it is made.
 class LSMPropertyListChange : public QUndoCommand
 {
 public:
-    using Restore = std::function<void(const QVariantList &)>;
+    using Restore = std::function<void(const QVariant &)>;
 
-    LSMPropertyListChange(QVariantList before, QVariantList after, int group, Restore restore)
+    LSMPropertyListChange(QVariant before, QVariant after, int group, Restore restore)
         : m_before(std::move(before)), m_after(std::move(after)), m_group(group),
           m_restore(std::move(restore))
     {
@@ -23,8 +24,8 @@ public:
     bool mergeWith(const QUndoCommand *other) override;
 
 private:
-    QVariantList m_before;
-    QVariantList m_after;
+    QVariant m_before;
+    QVariant m_after;
     int m_group;
     Restore m_restore;
     bool m_isFirst = true;

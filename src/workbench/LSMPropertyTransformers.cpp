@@ -2,9 +2,11 @@
 
 #include "library/LSMDesignKeys.h"
 #include "platform/KeyedArchive.h"
+#include "platform/PropertyList.h"
 #include "workbench/LSMPropertyListText.h"
 
 #include <QGuiApplication>
+#include <QRegularExpression>
 
 using namespace LSMDesignKeys;
 using namespace platform::KeyedArchive;
@@ -13,26 +15,11 @@ namespace {
 
 constexpr double smallSize = 0.85; // of the application's font
 
-bool isNumber(const QVariant &value)
-{
-    switch (value.typeId()) {
-    case QMetaType::Bool:
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-        return true;
-    default:
-        return false;
-    }
-}
-
-// "Yes", "true", or any number that is not 0.
+// "Yes", "true", or what begins with a whole number other than 0.
 bool readsTrue(const QString &text)
 {
-    const QString trimmed = text.trimmed();
-    return !trimmed.isEmpty() &&
-           (QStringLiteral("YyTt").contains(trimmed.front()) || trimmed.toDouble() != 0);
+    static const QRegularExpression pattern(QStringLiteral("^\\s*[+-]?0*[YyTt1-9]"));
+    return pattern.match(text).hasMatch();
 }
 
 QTextCharFormat smallFormat(QFont::Weight weight)
@@ -49,7 +36,7 @@ QTextCharFormat smallFormat(QFont::Weight weight)
 
 QVariant LSMPropertyToBoolTransformer::transformedValue(const QVariant &value) const
 {
-    return isNumber(value)                        ? value.toDouble() != 0
+    return platform::isNumber(value)              ? value.toDouble() != 0
            : value.typeId() == QMetaType::QString ? readsTrue(value.toString())
                                                   : false;
 }
@@ -58,7 +45,7 @@ QVariant LSMPropertyToBoolTransformer::reverseTransformedValue(const QVariant &v
 {
     if (value.typeId() == QMetaType::QByteArray)
         return false;
-    return isNumber(value) ? value : QVariant();
+    return platform::isNumber(value) ? value : QVariant();
 }
 
 QVariant LSMPropertyToColorTransformer::transformedValue(const QVariant &value) const

@@ -28,8 +28,6 @@ public:
     /// Opens the window, or brings it to the front, with the sample at `index`.
     void showSamples(const QList<LSMSample> &samples, qsizetype index, const QString &designName);
 
-    qsizetype index() const { return m_index; }
-
 private:
     void addShortcut(int key, void (LSMSampleWindow::*action)());
     void showPrevious() { showSample(m_index - 1); }

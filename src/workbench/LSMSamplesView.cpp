@@ -2,6 +2,7 @@
 
 #include "kit/ui/ZQRunAlertPanel.h"
 #include "library/LSMDesignKeys.h"
+#include "library/LSMDesignLayouts.h"
 #include "library/LSMDesignTemplate.h"
 #include "library/LSMLotbookConfig.h"
 #include "platform/Application.h"
@@ -20,28 +21,27 @@ namespace {
 
 enum Page { GeneratePage, ProgressPage };
 
-// What Lotbook needs to have set, and how the user sets it.
-constexpr std::pair<const char *, const char *> neededPreferences[] = {
-    {"writeDescriptionToLibrary", "$ defaults write %@ writeDescriptionToLibrary -bool YES\n\n"},
-    {"disableDesignImageCache", "$ defaults write %@ disableDesignImageCache -bool YES\n\n"},
-    {"hidePreviewImageDropzoneMarker",
-     "$ defaults write %@ hidePreviewImageDropzoneMarker -bool YES\n\n"},
-};
+// What Lotbook needs to have set.
+const QString neededPreferences[] = {QStringLiteral("writeDescriptionToLibrary"),
+                                     QStringLiteral("disableDesignImageCache"),
+                                     QStringLiteral("hidePreviewImageDropzoneMarker")};
 
-// In the order of the design's layouts; samples of layouts that it no longer has come last.
+// In the order of the design's layouts; samples of what is no layout of it any more come last.
 QList<LSMSample> samplesOf(const LSMDesignTemplate &design)
 {
     QList<LSMSample> samples;
     if (design.templatePath().isNull())
         return samples;
     const QDir folder(design.templatePath() + u'/' + LSMDesignKeys::layoutSamplesFolder);
-    for (const QFileInfo &file : folder.entryInfoList({QStringLiteral("*.html")}, QDir::Files))
-        samples.append({file.completeBaseName().replace(u'_', u' '), file.filePath()});
-    const QStringList layouts = design.layoutNames();
-    const auto place = [&layouts](const LSMSample &sample) {
-        return std::size_t(layouts.indexOf(sample.name)); // the largest without one
-    };
-    std::ranges::stable_sort(samples, {}, place);
+    QStringList files = folder.entryList({QStringLiteral("*.html")}, QDir::Files, QDir::Name);
+    for (const QString &layout : design.layoutNames()) {
+        const QString file = LSMDesignLayouts::sampleFileName(layout);
+        if (files.removeOne(file))
+            samples.append({layout, folder.filePath(file)});
+    }
+    for (const QString &file : std::as_const(files))
+        samples.append(
+            {QFileInfo(file).completeBaseName().replace(u'_', u' '), folder.filePath(file)});
     return samples;
 }
 
@@ -49,6 +49,7 @@ QList<LSMSample> samplesOf(const LSMDesignTemplate &design)
 
 LSMSamplesView::LSMSamplesView(QWidget *parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::LSMSamplesView>()),
+      m_lotbook(LSMLotbookConfig::lotbookApplicationIdentifier()),
       m_thumbnails(new LSMSampleThumbnails(this))
 {
     m_ui->setupUi(this);
@@ -108,9 +109,10 @@ void LSMSamplesView::reloadSamples()
 
 void LSMSamplesView::updateHint()
 {
-    QString hint = reasonNotToGenerate(m_design);
-    m_ui->generateButton->setEnabled(hint.isNull());
-    if (hint.isNull() && m_design->templateShouldBeSaved())
+    const std::optional<QString> reason = reasonNotToGenerate(m_design);
+    QString hint = reason.value_or(QString());
+    m_ui->generateButton->setEnabled(!reason);
+    if (!reason && m_design->templateShouldBeSaved())
         hint = localized("Lotbook renders the design as it was last saved.");
     const bool isToldAbove = m_design && m_design->isBuiltInDesignTemplate();
     m_ui->hintText->setText(hint);
@@ -118,15 +120,18 @@ void LSMSamplesView::updateHint()
     m_ui->samplesDateText->setVisible(!m_ui->samplesDateText->text().isEmpty());
 }
 
-QString LSMSamplesView::reasonNotToGenerate(const LSMDesignTemplate *design)
+std::optional<QString> LSMSamplesView::reasonNotToGenerate(const LSMDesignTemplate *design) const
 {
     if (!design)
-        return QStringLiteral(""); // nothing to say
+        return QString();
     if (design->isBuiltInDesignTemplate())
         return localized("Built-in designs are read-only. Duplicate this one to change it.");
     if (design->templatePath().isNull() || design->isOldVersion())
         return localized("Save this design first: Lotbook renders what has been saved.");
-    return {};
+    if (LSMLotbookConfig::lotbookApplicationIdentifier() != m_lotbook)
+        return localized("Another version of Lotbook has been chosen. Start the Layoutsmith anew "
+                         "to work with it.");
+    return std::nullopt;
 }
 
 void LSMSamplesView::openSample(const QModelIndex &index)
@@ -140,19 +145,18 @@ void LSMSamplesView::openSample(const QModelIndex &index)
 
 bool LSMSamplesView::getBoolValueFromLBPreferencesKey(const QString &key)
 {
-    const QString path =
-        LSMLotbookConfig::lotbookContainerFolder() + QStringLiteral("/Library/Preferences/") +
-        LSMLotbookConfig::lotbookApplicationIdentifier() + QStringLiteral(".plist");
-    return platform::UserDefaults(path).boolean(key);
+    return platform::UserDefaults(LSMLotbookConfig::lotbookPreferencesPathForBundleIdentifier(
+                                      LSMLotbookConfig::lotbookApplicationIdentifier()))
+        .boolean(key);
 }
 
 bool LSMSamplesView::confirmPreferences() const
 {
     QString commands;
-    for (const auto &[key, command] : neededPreferences) {
-        if (!getBoolValueFromLBPreferencesKey(QLatin1StringView(key)))
-            commands += platform::format(QString::fromLatin1(command),
-                                         LSMLotbookConfig::lotbookApplicationIdentifier());
+    for (const QString &key : neededPreferences) {
+        if (!getBoolValueFromLBPreferencesKey(key))
+            commands += platform::format(QStringLiteral("$ defaults write %@ %@ -bool YES\n\n"),
+                                         LSMLotbookConfig::lotbookApplicationIdentifier(), key);
     }
     return commands.isEmpty() ||
            ZQRunAlertPanel(localized("Attention"),
@@ -166,9 +170,8 @@ void LSMSamplesView::saveLayoutPreviewsOfDesignTemplate(LSMDesignTemplate *desig
 {
     if (!design || isGeneratingPreview())
         return;
-    const QString reason = reasonNotToGenerate(design);
-    if (!reason.isNull()) {
-        ZQRunAlertPanel3(localized("Attention"), reason, localized("OK"));
+    if (const auto reason = reasonNotToGenerate(design)) {
+        ZQRunAlertPanel3(localized("Attention"), *reason, localized("OK"));
         return;
     }
     const QPointer<LSMDesignTemplate> guarded(design);

@@ -2,6 +2,7 @@
 
 #include "workbench/LSMSampleWindow.h"
 
+#include <optional>
 #include <QPointer>
 #include <thread>
 
@@ -31,8 +32,8 @@ public:
     void setDesignTemplate(LSMDesignTemplate *design); ///< Borrowed; may be null. Reads its folder.
     bool isGeneratingPreview() const { return m_run.joinable(); }
 
-    /// Why samples of the design can't be generated; null when they can.
-    static QString reasonNotToGenerate(const LSMDesignTemplate *design);
+    /// Why samples of the design can't be generated, empty without a design; none when they can.
+    std::optional<QString> reasonNotToGenerate(const LSMDesignTemplate *design) const;
 
     /// Asks the user to prepare Lotbook, then has all layouts rendered. What stands in the way, and
     /// what fails, is told to the user.
@@ -56,6 +57,7 @@ private:
     void didEndGeneration(const platform::Error *reason);
 
     std::unique_ptr<Ui::LSMSamplesView> m_ui;
+    QString m_lotbook; // whose designs are shown, whatever is chosen for the next start
     LSMSampleThumbnails *m_thumbnails;
     LSMSampleWindow *m_window = nullptr;
     QPointer<LSMDesignTemplate> m_design;

@@ -20,6 +20,8 @@ public:
 
     int runModal(ZQCustomizableAlert &alert) override
     {
+        if (whileShown)
+            whileShown();
         alert.suppressionButtonIsOn = alert.showsSuppressionButton && ticksSuppression;
         shown << alert;
         return m_answers.size() > 1 ? m_answers.takeFirst() : m_answers.first();
@@ -27,6 +29,7 @@ public:
 
     QList<ZQCustomizableAlert> shown;
     bool ticksSuppression = false;
+    std::function<void()> whileShown; ///< What happens before the answer.
 
 private:
     ZQAlertPresenter &m_former = current();

@@ -111,6 +111,7 @@ TEST_F(PreferencesTest, UnsavedDesignsAreAskedAboutFirst)
     writeDesign(QStringLiteral("Alpha"));
     open();
     selected()->setTemplateShouldBeSaved(true);
+    EXPECT_TRUE(child<QPushButton>("generateButton")->isEnabled());
     const int quitProgram = ZQAlertFirstButtonReturn;
     support::AlertAnswers answers({quitProgram, ZQAlertSecondButtonReturn, quitProgram});
     QTimer::singleShot(0, window(), [&] {
@@ -119,6 +120,13 @@ TEST_F(PreferencesTest, UnsavedDesignsAreAskedAboutFirst)
         EXPECT_EQ(answers.shown[1].messageText, QStringLiteral("Unsaved Changes"));
         EXPECT_TRUE(window()->isVisible());
         EXPECT_EQ(stored(versionKey), QStringLiteral("com.quillbyte.lotbook8"));
+        support::settle();
+        EXPECT_TRUE(panel()->isVisible());
+        clickMenuItem("actionNewDesign");
+        pressShortcut("actionSave");
+        EXPECT_TRUE(selected()->templatePath().startsWith(customFolder()))
+            << "until the next start Lotbook 9 it is";
+        EXPECT_FALSE(child<QPushButton>("generateButton")->isEnabled());
         QCoreApplication::quit();
     });
     EXPECT_EQ(QApplication::exec(), 0);

@@ -3,6 +3,7 @@
 #include "library/LSMDesignKeys.h"
 #include "platform/KeyedArchive.h"
 #include "platform/NotificationCenter.h"
+#include "platform/UserDefaults.h"
 #include "platform/web/WebView.h"
 #include "workbench/LSMNotifications.h"
 
@@ -17,6 +18,10 @@ protected:
     void launchWith(const QByteArray &html, const QVariantMap &info = {})
     {
         writeDesign(QStringLiteral("Alpha"), Group::Custom, html, info);
+        launchAgain();
+    }
+    void launchAgain()
+    {
         launch();
         window()->resize(1300, 800);
         pressShortcut("actionViewHtml");
@@ -60,6 +65,24 @@ TEST_F(PreviewTest, ThePageIsAsWideAsTheDeviceWhateverRoomThereIs)
     EXPECT_NEAR(cssWidth(), 390, 0.5);
     choose("widthPopup", QStringLiteral("Fit"));
     EXPECT_NEAR(cssWidth(), 2 * stage->width(), 0.5);
+}
+
+TEST_F(PreviewTest, ItsChoicesComeBackAtTheNextStart)
+{
+    launchWith("[[LBTitle]]");
+    choose("widthPopup", QStringLiteral("Phone"));
+    choose("sizePopup", QStringLiteral("50 %"));
+    choose("listingPopup", QStringLiteral("Empty Fields"));
+    quit();
+    launchAgain();
+    EXPECT_NEAR(cssWidth(), 390, 0.5);
+    EXPECT_EQ(child<QPushButton>("sizePopup")->text(), QStringLiteral("50 %"));
+    EXPECT_EQ(child<QPushButton>("listingPopup")->text(), QStringLiteral("Empty Fields"));
+    EXPECT_FALSE(documents().last().contains(QStringLiteral("[[")));
+    quit();
+    platform::UserDefaults::standardUserDefaults().setObject(QStringLiteral("previewWidth"), -7);
+    launchAgain();
+    EXPECT_EQ(child<QPushButton>("widthPopup")->text(), QStringLiteral("Fit"));
 }
 
 TEST_F(PreviewTest, AListingTakesThePlaceOfPlaceholdersAndTouchesNoText)

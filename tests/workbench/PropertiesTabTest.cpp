@@ -181,6 +181,17 @@ TEST_F(PropertiesTabTest, PropertiesAreAddedNamedAndSaved)
     EXPECT_TRUE(isDirty()) << "after a save the next change counts again";
     key(Qt::Key_Escape);
     EXPECT_EQ(value(0, propertyDefaultValue), "Default String");
+    while (table()->canUndo())
+        pressShortcut("actionUndo");
+    EXPECT_FALSE(selected()->templateDictionary()->contains(properties)) << "as it was at first";
+    pressShortcut("actionRedo");
+    EXPECT_EQ(list().size(), 1);
+    click(cell(0, Model::NameColumn));
+    auto *remove = child<QToolButton>("removePropertyButton");
+    QTest::mouseClick(remove, Qt::LeftButton);
+    EXPECT_EQ(list(), QVariantList());
+    support::settle();
+    EXPECT_FALSE(remove->isEnabled());
 }
 
 TEST_F(PropertiesTabTest, AnotherTypeSetsTheDefaultBack)

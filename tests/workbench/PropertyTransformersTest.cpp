@@ -43,6 +43,8 @@ TEST(PropertyTransformers, TakeAnyValue)
         {text, true, {}, {}, {}},
         {QStringLiteral("no"), false, {}, {}, {}},
         {QStringLiteral(" 2 "), true, {}, {}, {}},
+        {QStringLiteral("-01abc"), true, {}, {}, {}},
+        {QStringLiteral("0.5"), false, {}, {}, {}},
         {QVariantList{1}, false, {}, {}, {}},
         {QVariantMap{{QStringLiteral("a"), 1}}, false, {}, {}, {}},
         {QVariant::fromValue(platform::PropertyListDate{1}), false, {}, {}, {}},
