@@ -9,7 +9,6 @@ namespace platform {
 
 namespace {
 
-constexpr quint32 watchRoot = 4;
 quint64 lastIdentifier = 0;
 
 } // namespace
@@ -50,7 +49,7 @@ void FileEventStream::stop()
 
 void FileEventStream::note(const QString &path, quint32 flags)
 {
-    if (!(m_flags & watchRoot))
+    if (!(m_flags & WatchRoot))
         flags &= ~FileEventFlag::RootChanged;
     const auto known = m_places.constFind(path);
     if (known == m_places.cend()) {

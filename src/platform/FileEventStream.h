@@ -15,16 +15,24 @@ class WatchedPath;
 /// What has happened to a file; several of these may come in one event.
 namespace FileEventFlag {
 inline constexpr quint32 MustScanSubDirs = 1; ///< Events were lost: anything may have changed.
+inline constexpr quint32 UserDropped = 2;     ///< ... here; never sent.
 inline constexpr quint32 KernelDropped = 4;   ///< ... by the kernel.
+inline constexpr quint32 EventIdsWrapped = 8; ///< Never sent.
 inline constexpr quint32 HistoryDone = 16;
 inline constexpr quint32 RootChanged = 32; ///< A folder on the way to the watched path.
+inline constexpr quint32 Mount = 64;       ///< Never sent.
 inline constexpr quint32 Unmount = 128;
 inline constexpr quint32 ItemCreated = 256;
 inline constexpr quint32 ItemRemoved = 512;
-inline constexpr quint32 ItemRenamed = 2048; ///< To or from this path.
+inline constexpr quint32 ItemInodeMetaMod = 1024; ///< Never sent.
+inline constexpr quint32 ItemRenamed = 2048;      ///< To or from this path.
 inline constexpr quint32 ItemModified = 4096;
+inline constexpr quint32 ItemFinderInfoMod = 8192; ///< Never sent.
+inline constexpr quint32 ItemChangeOwner = 16384;  ///< Never sent.
+inline constexpr quint32 ItemXattrMod = 32768;     ///< Never sent.
 inline constexpr quint32 ItemIsFile = 65536;
 inline constexpr quint32 ItemIsDir = 131072;
+inline constexpr quint32 ItemIsSymlink = 262144; ///< Never sent.
 } // namespace FileEventFlag
 
 struct FileEvent
@@ -48,8 +56,10 @@ class FileEventStream : public QObject
 public:
     using Callback = std::function<void(const std::vector<FileEvent> &events)>;
     static constexpr quint64 SinceNow = ~quint64(0);
+    static constexpr quint32 NoDefer = 1;   ///< Flag without a meaning here, as all others.
+    static constexpr quint32 WatchRoot = 4; ///< Flag that asks for RootChanged.
 
-    /// The flag WatchRoot (4) asks for RootChanged; the others have no meaning here. There is no
+    /// There is no
     /// memory of what was before: a stream that is to begin with an earlier event says HistoryDone
     /// and goes on from now. `latency` in seconds.
     FileEventStream(const QStringList &paths, quint64 sinceEvent, double latency, quint32 flags,

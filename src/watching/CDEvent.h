@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileEventStream.h"
+
 #include <QDateTime>
 #include <QUrl>
 #include <QVariantMap>
@@ -14,28 +16,28 @@ public:
     quint64 identifier() const { return m_identifier; } ///< Ascending within the process.
     const QDateTime &date() const { return m_date; }    ///< When it was received.
     const QUrl &url() const { return m_url; }           ///< A file URL.
-    quint32 flags() const { return m_flags; }           ///< platform::FileEventFlag.
+    quint32 flags() const { return m_flags; }           ///< platform::FileEventFlag, one by one:
 
     bool isGenericChange() const { return m_flags == 0; }
-    bool mustRescanSubDirectories() const { return m_flags & 1; } ///< Events were lost ...
-    bool isUserDropped() const { return m_flags & 2; }
-    bool isKernelDropped() const { return m_flags & 4; } ///< ... by the system.
-    bool isEventIdentifiersWrapped() const { return m_flags & 8; }
-    bool isHistoryDone() const { return m_flags & 16; }
-    bool isRootChanged() const { return m_flags & 32; } ///< A folder on the way to the path.
-    bool didVolumeMount() const { return m_flags & 64; }
-    bool didVolumeUnmount() const { return m_flags & 128; }
-    bool isCreated() const { return m_flags & 256; }
-    bool isRemoved() const { return m_flags & 512; }
-    bool isInodeMetadataModified() const { return m_flags & 1024; }
-    bool isRenamed() const { return m_flags & 2048; }
-    bool isModified() const { return m_flags & 4096; }
-    bool isFinderInfoModified() const { return m_flags & 8192; }
-    bool didChangeOwner() const { return m_flags & 16384; }
-    bool isXattrModified() const { return m_flags & 32768; }
-    bool isFile() const { return m_flags & 65536; }
-    bool isDir() const { return m_flags & 131072; }
-    bool isSymlink() const { return m_flags & 262144; }
+    bool mustRescanSubDirectories() const { return has(platform::FileEventFlag::MustScanSubDirs); }
+    bool isUserDropped() const { return has(platform::FileEventFlag::UserDropped); }
+    bool isKernelDropped() const { return has(platform::FileEventFlag::KernelDropped); }
+    bool isEventIdentifiersWrapped() const { return has(platform::FileEventFlag::EventIdsWrapped); }
+    bool isHistoryDone() const { return has(platform::FileEventFlag::HistoryDone); }
+    bool isRootChanged() const { return has(platform::FileEventFlag::RootChanged); }
+    bool didVolumeMount() const { return has(platform::FileEventFlag::Mount); }
+    bool didVolumeUnmount() const { return has(platform::FileEventFlag::Unmount); }
+    bool isCreated() const { return has(platform::FileEventFlag::ItemCreated); }
+    bool isRemoved() const { return has(platform::FileEventFlag::ItemRemoved); }
+    bool isInodeMetadataModified() const { return has(platform::FileEventFlag::ItemInodeMetaMod); }
+    bool isRenamed() const { return has(platform::FileEventFlag::ItemRenamed); }
+    bool isModified() const { return has(platform::FileEventFlag::ItemModified); }
+    bool isFinderInfoModified() const { return has(platform::FileEventFlag::ItemFinderInfoMod); }
+    bool didChangeOwner() const { return has(platform::FileEventFlag::ItemChangeOwner); }
+    bool isXattrModified() const { return has(platform::FileEventFlag::ItemXattrMod); }
+    bool isFile() const { return has(platform::FileEventFlag::ItemIsFile); }
+    bool isDir() const { return has(platform::FileEventFlag::ItemIsDir); }
+    bool isSymlink() const { return has(platform::FileEventFlag::ItemIsSymlink); }
 
     /// The keys "identifier", "flags", "date" and "URL", of which a property list can be made, and
     /// back: nullopt for anything that lacks one of them.
@@ -47,6 +49,8 @@ public:
     bool operator==(const CDEvent &) const = default;
 
 private:
+    bool has(quint32 flag) const { return m_flags & flag; }
+
     quint64 m_identifier;
     QDateTime m_date;
     QUrl m_url;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileEventStream.h"
 #include "watching/CDEvent.h"
 #include <functional>
 #include <memory>
@@ -26,7 +27,8 @@ public:
 
     static constexpr quint64 sinceNow = ~quint64(0);
     static constexpr double defaultLatency = 3.0; ///< Seconds from an event to its delivery.
-    static constexpr quint32 defaultCreationFlags = 5;
+    static constexpr quint32 defaultCreationFlags =
+        platform::FileEventStream::NoDefer | platform::FileEventStream::WatchRoot;
 
     enum class SubDirs { Watch, Ignore };
 

@@ -43,10 +43,33 @@ TEST_F(Events, OneEventSaysWhatHappenedAndCanBeArchived)
 {
     const QDateTime date = QDateTime::fromMSecsSinceEpoch(1'700'000'000'000, Qt::UTC);
     const CDEvent event(7, date, QUrl::fromLocalFile(u"/a b/c"_s), 256 | 2048 | 65536);
-    EXPECT_TRUE(event.isCreated() && event.isRenamed() && event.isFile());
-    EXPECT_FALSE(event.isGenericChange() || event.isRemoved() || event.isDir());
+    using Question = bool (CDEvent::*)() const;
+    const Question bits[] = {&CDEvent::mustRescanSubDirectories,
+                             &CDEvent::isUserDropped,
+                             &CDEvent::isKernelDropped,
+                             &CDEvent::isEventIdentifiersWrapped,
+                             &CDEvent::isHistoryDone,
+                             &CDEvent::isRootChanged,
+                             &CDEvent::didVolumeMount,
+                             &CDEvent::didVolumeUnmount,
+                             &CDEvent::isCreated,
+                             &CDEvent::isRemoved,
+                             &CDEvent::isInodeMetadataModified,
+                             &CDEvent::isRenamed,
+                             &CDEvent::isModified,
+                             &CDEvent::isFinderInfoModified,
+                             &CDEvent::didChangeOwner,
+                             &CDEvent::isXattrModified,
+                             &CDEvent::isFile,
+                             &CDEvent::isDir,
+                             &CDEvent::isSymlink};
+    for (quint32 bit = 1; const Question question : bits) {
+        EXPECT_TRUE((CDEvent(1, date, {}, bit).*question)()) << bit;
+        EXPECT_FALSE((CDEvent(1, date, {}, ~bit).*question)()) << bit;
+        bit *= 2;
+    }
     EXPECT_TRUE(CDEvent(1, date, {}, 0).isGenericChange());
-    EXPECT_TRUE(CDEvent(1, date, {}, 512).isRemoved());
+    EXPECT_FALSE(event.isGenericChange());
 
     const auto bytes =
         platform::PropertyList::serialize(event.archived(), platform::PropertyList::Format::Binary);
