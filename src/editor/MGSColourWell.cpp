@@ -1,11 +1,12 @@
 #include "editor/MGSColourWell.h"
 
 #include "editor/MGSColourValues.h"
+#include "kit/ui/ColorPanel.h"
+#include "platform/Bundle.h"
 
 #include <QColorDialog>
 #include <QPainter>
 #include <QPainterPath>
-#include <QStyleOption>
 
 namespace {
 
@@ -41,20 +42,14 @@ void MGSColourWell::setColor(const QColor &color)
 void MGSColourWell::showColorDialog()
 {
     if (!m_dialog) {
-        m_dialog = new QColorDialog(m_color, window());
-        m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-        m_dialog->setOptions(QColorDialog::DontUseNativeDialog | QColorDialog::ShowAlphaChannel);
-        connect(m_dialog, &QColorDialog::colorSelected, this, &MGSColourWell::takeColor);
+        m_dialog = zq::newColorPanel(window(), platform::localized("Color"), m_color,
+                                     [well = QPointer(this)](const QColor &chosen) {
+                                         if (well)
+                                             well->setColor(chosen);
+                                     });
         m_dialog->open();
     }
     m_dialog->raise();
-}
-
-// The dialog rounds to 8 bits, which is no other choice.
-void MGSColourWell::takeColor(const QColor &color)
-{
-    if (color.rgba() != m_color.rgba())
-        setColor(color);
 }
 
 void MGSColourWell::paintEvent(QPaintEvent *)
@@ -64,11 +59,7 @@ void MGSColourWell::paintEvent(QPaintEvent *)
     painter.setOpacity(isEnabled() ? 1 : disabledOpacity);
     QPainterPath shape;
     shape.addRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), cornerRadius, cornerRadius);
-    if (m_color.alpha() < 255) {
-        painter.fillPath(shape, Qt::white);
-        painter.fillPath(shape, QBrush(Qt::lightGray, Qt::Dense4Pattern));
-    }
-    painter.fillPath(shape, m_color);
+    zq::paintColor(&painter, shape, m_color);
     painter.setPen(hasFocus() ? QPen(palette().highlight(), 2) : QPen(palette().mid(), 1));
     painter.drawPath(shape);
 }

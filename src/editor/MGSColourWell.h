@@ -29,8 +29,6 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void takeColor(const QColor &color);
-
     QColor m_color;
     QPointer<QColorDialog> m_dialog;
 };

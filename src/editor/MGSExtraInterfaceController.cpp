@@ -2,6 +2,7 @@
 
 #include "editor/MGSColourValues.h"
 #include "editor/SMLTextView.h"
+#include "kit/ui/ColorPanel.h"
 #include "kit/ui/TargetAction.h"
 #include "platform/Bundle.h"
 
@@ -9,6 +10,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QPointer>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -117,14 +119,12 @@ void MGSExtraInterfaceController::showGoToLine()
 void MGSExtraInterfaceController::showColours(const MGSColourValue &value)
 {
     delete m_sheet;
-    auto *dialog = new QColorDialog(value.colour, m_textView->window());
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    auto *dialog = zq::newColorPanel(m_textView->window(), localized("Change Color"), value.colour,
+                                     [view = QPointer(m_textView), value](const QColor &colour) {
+                                         if (view)
+                                             view->performChangeColour(value, colour);
+                                     });
     dialog->setObjectName(QStringLiteral("SMLChangeColour"));
-    dialog->setWindowTitle(localized("Change Color"));
-    dialog->setOption(QColorDialog::ShowAlphaChannel);
-    QObject::connect(
-        dialog, &QColorDialog::colorSelected, m_textView,
-        [this, value](const QColor &colour) { m_textView->performChangeColour(value, colour); });
     m_sheet = dialog;
     dialog->open();
 }

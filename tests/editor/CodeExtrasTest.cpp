@@ -156,6 +156,10 @@ protected:
     void change(const QColor &colour)
     {
         view.changeColour();
+        choose(colour);
+    }
+    void choose(const QColor &colour)
+    {
         auto *dialog = editor.window()->findChild<QColorDialog *>("SMLChangeColour");
         ASSERT_TRUE(dialog);
         dialog->setCurrentColor(colour);
@@ -187,9 +191,11 @@ TEST_F(ColourSwatches, AreChangedByADialogAsOneStepOfUndo)
     EXPECT_EQ(marked(), "p { color: #00ff0080¦; }");
     view.undo();
     EXPECT_EQ(marked(), "p { color: r¦ed; }");
+    change(Qt::red);
+    EXPECT_EQ(marked(), "p { color: r¦ed; }") << "the same colour, as it is written";
     view.changeColour();
     editor.setString("p { color: blue; }");
-    editor.window()->findChild<QColorDialog *>("SMLChangeColour")->accept();
+    choose(Qt::green);
     EXPECT_EQ(view.string(), "p { color: blue; }") << "it is another one now";
     EXPECT_EQ(takeBeeps(), 1);
     setMarked("¦p { color: red; }");
