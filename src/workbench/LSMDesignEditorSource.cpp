@@ -1,5 +1,4 @@
-// The HTML tab of the design editor: the code editor, its popups, and a text of its own for each
-// design.
+// The HTML tab of the design editor: the code editor and its popups.
 
 #include "editor/MGSExtraInterfaceController.h"
 #include "editor/MGSFragariaView.h"
@@ -11,6 +10,7 @@
 #include "platform/text/view/FindBar.h"
 #include "ui_LSMDesignEditorViewController.h"
 #include "workbench/LSMDesignEditorViewController.h"
+#include "workbench/LSMDesignTexts.h"
 #include "workbench/LSMEditorSettings.h"
 #include "workbench/LSMPlaceholderMenu.h"
 
@@ -30,6 +30,7 @@ void LSMDesignEditorViewController::configureFragariaView()
 {
     MGSFragariaView *view = m_ui->fragariaView;
     new LSMEditorSettings(view);
+    m_texts = new LSMDesignTexts(view);
     view->setTextViewDelegate(this);
     view->textView()->setRichText(false);
     view->textView()->setAccessibleName(localized("HTML of the design"));
@@ -108,58 +109,6 @@ void LSMDesignEditorViewController::layoutMenuSelected(TextRange range)
     view->setFocus();
 }
 
-// Of a text that was changed elsewhere only what differs is replaced, as one step of undo.
-void LSMDesignEditorViewController::showSource()
-{
-    platform::TextView *view = m_ui->fragariaView->textView();
-    if (m_shownDesign != m_design) {
-        if (m_shownDesign) {
-            Document &left = documentOf(m_shownDesign);
-            left.selections = view->selections();
-            left.position = view->scrollPosition();
-            left.folded = view->layoutManager()->hiddenLines().stretches();
-        }
-        m_shownDesign = m_design;
-        const Document shown =
-            m_design ? documentOf(m_design)
-                     : Document{std::make_shared<platform::TextStorage>(), {}, {}, {}};
-        m_ui->fragariaView->replaceTextStorage(shown.text);
-        for (const auto &[first, last] : shown.folded)
-            view->layoutManager()->hideLines(first, last);
-        view->setSelections(shown.selections);
-        view->setScrollPosition(shown.position);
-    }
-    if (m_design)
-        view->reloadString(m_design->htmlSourceCode());
-    noteSaved(m_design);
-}
-
-// Also after a revert, which clears the design's mark before the text is brought back.
-void LSMDesignEditorViewController::noteSaved(LSMDesignTemplate *design)
-{
-    const auto document = m_documents.find(design);
-    if (document != m_documents.end() && !design->templateShouldBeSaved())
-        platform::TextUndo::of(document->second.text.get()).markClean();
-}
-
-LSMDesignEditorViewController::Document &
-LSMDesignEditorViewController::documentOf(LSMDesignTemplate *design)
-{
-    const auto known = m_documents.find(design);
-    if (known != m_documents.end())
-        return known->second;
-    connect(design, &QObject::destroyed, this, [this, design] {
-        m_documents.erase(design);
-        if (m_shownDesign == design)
-            m_shownDesign = nullptr;
-    });
-    connect(design, &LSMDesignTemplate::templateShouldBeSavedDidChange, this,
-            [this, design] { noteSaved(design); });
-    Document document{std::make_shared<platform::TextStorage>(), {}, {}, {}};
-    document.text->setString(design->htmlSourceCode());
-    return m_documents.emplace(design, document).first->second;
-}
-
 bool LSMDesignEditorViewController::shouldChangeTextInRanges(platform::TextView *,
                                                              const std::vector<TextRange> &,
                                                              const QStringList &)
@@ -172,7 +121,7 @@ void LSMDesignEditorViewController::textDidChange(platform::TextView *)
 {
     if (!m_design)
         return;
-    m_design->setHtmlSourceCodeFrom([text = documentOf(m_design).text] { return text->string(); });
+    m_design->setHtmlSourceCodeFrom([text = m_texts->textOf(m_design)] { return text->string(); });
     if (m_design->isCustomDesignTemplate())
         markDirty();
 }

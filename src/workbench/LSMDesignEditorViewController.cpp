@@ -12,6 +12,7 @@
 #include "platform/Workspace.h"
 #include "ui_LSMDesignEditorViewController.h"
 #include "workbench/LSMDesignChecking.h"
+#include "workbench/LSMDesignTexts.h"
 #include "workbench/LSMNotifications.h"
 
 using namespace std::chrono_literals;
@@ -177,7 +178,7 @@ void LSMDesignEditorViewController::reloadData()
     show(m_ui->templateNameTextField, m_design ? m_design->templateName() : QString());
     show(m_ui->templateIdentifierTextField, m_design ? m_design->templateIdentifier() : QString());
     updateLayoutPopupForTemplate(m_design);
-    showSource();
+    m_texts->show(m_design);
     m_checking->setDesignTemplate(m_design);
     m_ui->designIconImageView->setImage(m_design ? m_design->templateImage() : QImage(),
                                         m_design && !m_design->templateImagePath().isNull()

@@ -9,9 +9,9 @@
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
-#include <unordered_map>
 
 class LSMDesignChecking;
+class LSMDesignTexts;
 
 namespace Ui {
 class LSMDesignEditorViewController;
@@ -88,15 +88,6 @@ Q_SIGNALS:
     void newDesignWasAskedFor(); ///< By the button that greets where there is no design.
 
 private:
-    /// The text of a design as it was edited here: with its undo history, and where it was left.
-    struct Document
-    {
-        std::shared_ptr<platform::TextStorage> text;
-        platform::TextSelections selections;
-        platform::ScrollPosition position;
-        std::vector<platform::HiddenLines::Stretch> folded;
-    };
-
     void viewDidLoad();
     void configureFields();
     void configureSplitter();
@@ -104,9 +95,6 @@ private:
     void populatePlaceholderMenu();
     void updateLayoutPopupForTemplate(LSMDesignTemplate *design);
     void layoutMenuSelected(platform::TextRange range);
-    void showSource();
-    void noteSaved(LSMDesignTemplate *design);
-    Document &documentOf(LSMDesignTemplate *design);
     bool shouldChangeTextInRanges(platform::TextView *view,
                                   const std::vector<platform::TextRange> &ranges,
                                   const QStringList &replacements) override;
@@ -134,8 +122,7 @@ private:
     LSMDesignTemplateManager *m_manager = nullptr;
     QPointer<LSMDesignTemplate> m_design;
     QPointer<LSMDesignTemplate> m_previewedDesign;
-    LSMDesignTemplate *m_shownDesign = nullptr; // whose text the editor has
-    std::unordered_map<LSMDesignTemplate *, Document> m_documents;
+    LSMDesignTexts *m_texts = nullptr;
     QTimer m_previewDelay;
     LSMDesignChecking *m_checking = nullptr;
     int m_selectedTab = DesignTab;

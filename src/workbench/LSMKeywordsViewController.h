@@ -7,6 +7,9 @@
 namespace Ui {
 class LSMKeywordsViewController;
 }
+namespace zq {
+class ListEditing;
+}
 
 /// The list of known keywords while it is edited: rows of names, added and removed by buttons and
 /// keys (Return edits, Delete removes). The content of a popover; main thread.
@@ -27,15 +30,11 @@ public:
 private:
     class NameDelegate;
 
-    void addKeyword();
-    void editCurrentKeyword();
-    void removeSelectedKeywords();
     void takeName(const QModelIndex &index, const QString &text);
     void editorDidClose();
-    void finishEditing();
-    void updateButtons();
 
     std::unique_ptr<Ui::LSMKeywordsViewController> m_ui;
     QStringListModel m_keywords;
+    zq::ListEditing *m_editing;
     QString m_refusedName; // another row has it
 };

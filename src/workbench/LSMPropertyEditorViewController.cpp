@@ -1,5 +1,6 @@
 #include "workbench/LSMPropertyEditorViewController.h"
 
+#include "kit/ui/ColorPanel.h"
 #include "kit/ui/Popover.h"
 #include "kit/ui/TintedIcon.h"
 #include "library/LSMDesignKeys.h"
@@ -119,7 +120,6 @@ void LSMPropertyEditorViewController::updateEnabling()
     m_model.setEditable(editable);
     m_ui->addPropertyButton->setEnabled(editable);
     m_ui->removePropertyButton->setEnabled(editable && hasSelection);
-    m_ui->propertiesTable->viewport()->update();
     m_ui->propertiesTable->setPlaceholderText(
         !m_design         ? QString()
         : !isList(m_list) ? localized("What this design has in place of its properties is no "
@@ -166,10 +166,8 @@ void LSMPropertyEditorViewController::recordDidChange(const Record &record)
 void LSMPropertyEditorViewController::typeChangedForSelectedProperty(const Record &record,
                                                                      const QVariantMap &change)
 {
-    const QString type = change.value(NSKeyValueChangeNewKey).toString();
-    record->setValue(propertyDefaultValue, type == booleanProperty  ? QVariant(false)
-                                           : type == stringProperty ? QVariant(QStringLiteral(""))
-                                                                    : QVariant());
+    record->setValue(propertyDefaultValue, LSMPropertyTableModel::firstValueOfType(
+                                               change.value(NSKeyValueChangeNewKey).toString()));
 }
 
 void LSMPropertyEditorViewController::markCurrentDesignTemplateDirty()
@@ -269,18 +267,22 @@ void LSMPropertyEditorViewController::takeSelection()
 
 void LSMPropertyEditorViewController::activateCell(const QModelIndex &index)
 {
-    const Record record = m_model.recordAt(index.row());
-    if (!record || !isEditable(m_design, m_list))
+    using Control = LSMPropertyTableModel::Control;
+    if (!isEditable(m_design, m_list))
         return;
-    const QVariant type = record->value(propertyType);
-    if (index.column() == LSMPropertyTableModel::TypeColumn)
-        showTypePopup(index);
-    else if (index.flags() & Qt::ItemIsEditable)
-        m_ui->propertiesTable->edit(index);
-    else if (index.column() == LSMPropertyTableModel::ValueColumn && type == colorProperty)
-        showColorPanel(index);
-    else if (index.column() == LSMPropertyTableModel::ValueColumn && type == valuesProperty)
-        showPropertyPopoverAction(index);
+    switch (Control(index.data(LSMPropertyTableModel::ControlRole).toInt())) {
+    case Control::Text:
+        return m_ui->propertiesTable->edit(index);
+    case Control::Popup:
+        return showTypePopup(index);
+    case Control::Well:
+        return showColorPanel(index);
+    case Control::Values:
+        return showPropertyPopoverAction(index);
+    case Control::CheckBox: // by the table itself
+    case Control::None:
+        return;
+    }
 }
 
 void LSMPropertyEditorViewController::showTypePopup(const QModelIndex &index)
@@ -311,14 +313,9 @@ void LSMPropertyEditorViewController::showColorPanel(const QModelIndex &index)
     resetColorPanel();
     const Record record = m_model.recordAt(index.row());
     const QColor color = m_model.data(index, LSMPropertyTableModel::ColorRole).value<QColor>();
-    m_colorPanel = new QColorDialog(color.isValid() ? color : Qt::white, this);
-    m_colorPanel->setAttribute(Qt::WA_DeleteOnClose);
-    m_colorPanel->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
-    m_colorPanel->setWindowTitle(localized("Default Color"));
-    connect(
-        m_colorPanel, &QColorDialog::colorSelected, this, [record, color](const QColor &chosen) {
-            const bool isOther = !color.isValid() || color.rgba() != chosen.rgba();
-            if (isOther && record->value(propertyType) == colorProperty)
+    m_colorPanel =
+        zq::newColorPanel(this, localized("Default Color"), color, [record](const QColor &chosen) {
+            if (record->value(propertyType) == colorProperty)
                 record->setValue(propertyDefaultValue,
                                  LSMPropertyToColorTransformer().reverseTransformedValue(chosen));
         });

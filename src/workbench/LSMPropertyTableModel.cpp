@@ -8,6 +8,7 @@
 #include "workbench/LSMPropertyListText.h"
 #include "workbench/LSMPropertyTransformers.h"
 
+#include <algorithm>
 #include <QColor>
 #include <QGuiApplication>
 
@@ -21,15 +22,30 @@ namespace {
 constexpr qsizetype longestToolTip = 2000; // characters
 constexpr const char *titles[] = {localizable("Name"), localizable("Type"),
                                   localizable("Default Value")};
-constexpr struct
+using Control = LSMPropertyTableModel::Control;
+
+struct Type
 {
-    QLatin1StringView type;
+    QLatin1StringView name;
     const char *title;
-} types[] = {
-    {stringProperty, localizable("String")},       {colorProperty, localizable("Color")},
-    {booleanProperty, localizable("Boolean")},     {valuesProperty, localizable("Values")},
-    {separatorProperty, localizable("Separator")},
+    Control control; // of the value
+    QVariant firstValue;
 };
+
+const Type types[] = {
+    {stringProperty, localizable("String"), Control::Text, QStringLiteral("")},
+    {colorProperty, localizable("Color"), Control::Well, {}},
+    {booleanProperty, localizable("Boolean"), Control::CheckBox, false},
+    {valuesProperty, localizable("Values"), Control::Values, {}},
+    {separatorProperty, localizable("Separator"), Control::None, {}},
+};
+
+const Type *typeNamed(const QString &name)
+{
+    const auto *found = std::ranges::find(types, name, &Type::name);
+    return found == std::end(types) ? nullptr : found;
+}
+
 constexpr QLatin1StringView keys[] = {propertyName, propertyType, propertyDefaultValue};
 
 const LSMPropertyToBoolTransformer toBool;
@@ -58,12 +74,7 @@ struct LSMPropertyTableModel::Cell
     Record record;
     QString type;   ///< Of the record.
     QVariant value; ///< Of the column's key.
-
-    bool isValueOf(QLatin1StringView ofType) const
-    {
-        return record && column == ValueColumn && type == ofType;
-    }
-    bool takesText() const { return (record && column == NameColumn) || isValueOf(stringProperty); }
+    Control control = Control::None;
 };
 
 LSMPropertyTableModel::LSMPropertyTableModel(platform::ArrayController *controller)
@@ -79,23 +90,27 @@ LSMPropertyTableModel::LSMPropertyTableModel(platform::ArrayController *controll
 QStringList LSMPropertyTableModel::types()
 {
     QStringList all;
-    for (const auto &each : ::types)
-        all.append(each.type);
+    for (const Type &each : ::types)
+        all.append(each.name);
     return all;
 }
 
 QString LSMPropertyTableModel::titleOfType(const QString &type)
 {
-    for (const auto &each : ::types) {
-        if (each.type == type)
-            return localized(each.title);
-    }
-    return type;
+    const Type *known = typeNamed(type);
+    return known ? localized(known->title) : type;
+}
+
+QVariant LSMPropertyTableModel::firstValueOfType(const QString &type)
+{
+    const Type *known = typeNamed(type);
+    return known ? known->firstValue : QVariant();
 }
 
 void LSMPropertyTableModel::setEditable(bool editable)
 {
-    m_isEditable = editable;
+    if (std::exchange(m_isEditable, editable) != editable && rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
 }
 
 QVariant LSMPropertyTableModel::objectOf(const QVariant &entry)
@@ -148,11 +163,22 @@ QVariant LSMPropertyTableModel::headerData(int section, Qt::Orientation orientat
 LSMPropertyTableModel::Cell LSMPropertyTableModel::cellAt(const QModelIndex &index) const
 {
     Cell cell{index.column(), m_objects.value(index.row()), recordAt(index.row()), {}, {}};
-    if (cell.record) {
-        cell.type = stringIn(cell.record->value(propertyType));
-        cell.value = cell.record->value(keys[cell.column]);
-    }
+    if (!cell.record)
+        return cell;
+    cell.type = stringIn(cell.record->value(propertyType));
+    cell.value = cell.record->value(keys[cell.column]);
+    const Type *known = typeNamed(cell.type);
+    cell.control = cell.column == NameColumn   ? Control::Text
+                   : cell.column == TypeColumn ? Control::Popup
+                   : known                     ? known->control
+                                               : Control::None;
     return cell;
+}
+
+LSMPropertyTableModel::Control LSMPropertyTableModel::controlOf(const Cell &cell) const
+{
+    const bool shows = cell.control == Control::CheckBox || cell.control == Control::Well;
+    return m_isEditable || shows ? cell.control : Control::None;
 }
 
 QVariant LSMPropertyTableModel::data(const QModelIndex &index, int role) const
@@ -162,11 +188,9 @@ QVariant LSMPropertyTableModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return text(cell);
     case Qt::EditRole:
-        return cell.column == NameColumn || cell.type == stringProperty
-                   ? LSMPropertyListText(cell.value)
-                   : cell.value;
+        return cell.control == Control::Text ? LSMPropertyListText(cell.value) : cell.value;
     case Qt::CheckStateRole:
-        if (cell.isValueOf(booleanProperty))
+        if (cell.control == Control::CheckBox)
             return toBool.transformedValue(cell.value).toBool() ? Qt::Checked : Qt::Unchecked;
         return {};
     case Qt::ForegroundRole:
@@ -182,18 +206,16 @@ QVariant LSMPropertyTableModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         return zq::plainToolTip(toolTip(cell).left(longestToolTip));
     case Qt::AccessibleTextRole:
-        return cell.isValueOf(booleanProperty) && isAsItShouldBe(cell)
+        return cell.control == Control::CheckBox && isAsItShouldBe(cell)
                    ? LSMPropertyListText(toBool.transformedValue(cell.value))
                    : text(cell);
-    case TypeRole:
-        return cell.type;
-    case HasTypeRole:
-        return cell.record && cell.column == TypeColumn;
+    case ControlRole:
+        return int(controlOf(cell));
     case ColorRole:
-        return cell.isValueOf(colorProperty) ? toColor.transformedValue(cell.value) : QVariant();
+        return cell.control == Control::Well ? toColor.transformedValue(cell.value) : QVariant();
     case SummaryRole:
-        return cell.isValueOf(valuesProperty) ? toSummary.transformedValue(cell.record->values())
-                                              : QVariant();
+        return cell.control == Control::Values ? toSummary.transformedValue(cell.record->values())
+                                               : QVariant();
     default:
         return {};
     }
@@ -209,22 +231,22 @@ QString LSMPropertyTableModel::text(const Cell &cell) const
         return localized("No Name");
     if (cell.column == TypeColumn)
         return cell.type.isNull() ? LSMPropertyListText(cell.value) : titleOfType(cell.type);
-    if (cell.isValueOf(valuesProperty)) {
+    if (cell.control == Control::Values) {
         const QVariant summary = toSummary.transformedValue(cell.record->values());
         return summary.canConvert<LSMAttributedText>() ? summary.value<LSMAttributedText>().string
                                                        : LSMPropertyListText(summary);
     }
-    if (cell.isValueOf(colorProperty) && isAsItShouldBe(cell))
+    if (cell.control == Control::Well && isAsItShouldBe(cell))
         return cell.value.isValid() ? toColor.transformedValue(cell.value).value<QColor>().name()
                                     : QString();
-    return cell.isValueOf(booleanProperty) && isAsItShouldBe(cell)
+    return cell.control == Control::CheckBox && isAsItShouldBe(cell)
                ? QString()
                : LSMPropertyListText(cell.value);
 }
 
 QString LSMPropertyTableModel::toolTip(const Cell &cell) const
 {
-    if (!cell.isValueOf(valuesProperty))
+    if (cell.control != Control::Values)
         return text(cell);
     QStringList names;
     for (const QVariant &value : cell.record->value(propertyAllowedValues).toList())
@@ -241,9 +263,9 @@ bool LSMPropertyTableModel::isAsItShouldBe(const Cell &cell) const
         return !stringIn(cell.value).isEmpty();
     if (!cell.value.isValid())
         return true;
-    if (cell.type == colorProperty)
+    if (cell.control == Control::Well)
         return toColor.transformedValue(cell.value).isValid();
-    if (cell.type == booleanProperty)
+    if (cell.control == Control::CheckBox)
         return cell.value.typeId() != QMetaType::QByteArray && // which it gives back as false
                toBool.reverseTransformedValue(cell.value).isValid();
     return cell.value.typeId() == QMetaType::QString && cell.type != separatorProperty;
@@ -256,8 +278,8 @@ Qt::ItemFlags LSMPropertyTableModel::flags(const QModelIndex &index) const
         return flags;
     const Cell cell = cellAt(index);
     flags |= Qt::ItemIsDragEnabled;
-    flags.setFlag(Qt::ItemIsEditable, cell.takesText());
-    flags.setFlag(Qt::ItemIsUserCheckable, cell.isValueOf(booleanProperty));
+    flags.setFlag(Qt::ItemIsEditable, cell.control == Control::Text);
+    flags.setFlag(Qt::ItemIsUserCheckable, cell.control == Control::CheckBox);
     return flags;
 }
 
@@ -266,8 +288,8 @@ bool LSMPropertyTableModel::setData(const QModelIndex &index, const QVariant &va
     const Cell cell = cellAt(index);
     if (!m_isEditable)
         return false;
-    const bool isCheck = role == Qt::CheckStateRole && cell.isValueOf(booleanProperty);
-    if (!isCheck && !(role == Qt::EditRole && cell.takesText()))
+    const bool isCheck = role == Qt::CheckStateRole && cell.control == Control::CheckBox;
+    if (!isCheck && !(role == Qt::EditRole && cell.control == Control::Text))
         return false;
     if (isCheck)
         cell.record->setValue(propertyDefaultValue,

@@ -16,10 +16,13 @@ public:
     using Record = std::shared_ptr<platform::ObservableDictionary>;
     enum Column { NameColumn, TypeColumn, ValueColumn, ColumnCount };
 
-    /// What the cells have beyond the usual roles: the type of the row's record, null for none; of
-    /// the type cell, whether there is a record; of the value cell, the colour or the summary of
-    /// allowed values that it shows.
-    enum Role { TypeRole = Qt::UserRole + 2, HasTypeRole, ColorRole, SummaryRole };
+    /// What a cell is changed by. What shows a value, a check box or a well, is there in a table
+    /// that is not editable too; all others are not.
+    enum class Control { None, Text, CheckBox, Popup, Well, Values };
+
+    /// What the cells have beyond the usual roles: their control, as a number; the colour or the
+    /// summary of allowed values that a value cell shows.
+    enum Role { ControlRole = Qt::UserRole, ColorRole, SummaryRole };
 
     /// The controller is borrowed and lives longer.
     explicit LSMPropertyTableModel(platform::ArrayController *controller);
@@ -28,6 +31,7 @@ public:
 
     static QStringList types();                      ///< In the order of the popup.
     static QString titleOfType(const QString &type); ///< One that is none of them as it stands.
+    static QVariant firstValueOfType(const QString &type); ///< Of a property that has just got it.
 
     /// An entry of a design's list as an object of the controller, and back: a dictionary becomes a
     /// record, anything else stays.
@@ -52,6 +56,7 @@ private:
     struct Cell;
 
     Cell cellAt(const QModelIndex &index) const;
+    Control controlOf(const Cell &cell) const;
     QString text(const Cell &cell) const;
     QString toolTip(const Cell &cell) const;
     bool isAsItShouldBe(const Cell &cell) const;

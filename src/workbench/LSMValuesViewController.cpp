@@ -1,14 +1,12 @@
 #include "workbench/LSMValuesViewController.h"
 
-#include "kit/ui/TintedIcon.h"
+#include "kit/ui/ListEditing.h"
 #include "platform/Bundle.h"
 #include "ui_LSMValuesViewController.h"
-#include "workbench/LSMPropertyCellDelegate.h"
 #include "workbench/LSMPropertyListText.h"
+#include "workbench/LSMTextCellDelegate.h"
 
-#include <algorithm>
 #include <QHeaderView>
-#include <QShortcut>
 
 using platform::localized;
 
@@ -22,25 +20,12 @@ LSMValuesViewController::LSMValuesViewController(const QVariantList &values,
     for (const QVariant &value : values)
         addRow(value, value.typeId() == defaultValue.typeId() && value == defaultValue);
     m_ui->valuesTable->setModel(&m_values);
-    m_ui->valuesTable->setItemDelegate(new LSMPropertyCellDelegate(this));
+    m_ui->valuesTable->setItemDelegate(new LSMTextCellDelegate(this));
     m_ui->valuesTable->verticalHeader()->hide();
     m_ui->valuesTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_ui->valuesTable->horizontalHeader()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
-    m_ui->valuesTable->setCurrentIndex(m_values.index(0, NameColumn));
-    m_ui->addButton->setIcon(zq::tintedIcon(QStringLiteral("Add")));
-    m_ui->removeButton->setIcon(zq::tintedIcon(QStringLiteral("Remove")));
-    const auto onKey = [this](int key, auto slot) {
-        auto *shortcut = new QShortcut(key, m_ui->valuesTable);
-        shortcut->setContext(Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, this, slot);
-    };
-    onKey(Qt::Key_Return, &LSMValuesViewController::editCurrentName);
-    onKey(Qt::Key_Enter, &LSMValuesViewController::editCurrentName);
-    onKey(Qt::Key_Delete, &LSMValuesViewController::removeValueAction);
-    onKey(Qt::Key_Backspace, &LSMValuesViewController::removeValueAction);
-    connect(m_ui->addButton, &QToolButton::clicked, this, &LSMValuesViewController::addValueAction);
-    connect(m_ui->removeButton, &QToolButton::clicked, this,
-            &LSMValuesViewController::removeValueAction);
+    new zq::ListEditing(m_ui->valuesTable, m_ui->addButton, m_ui->removeButton,
+                        [this] { addRow(localized("New Value"), false); });
     connect(&m_values, &QStandardItemModel::itemChanged, this,
             &LSMValuesViewController::itemDidChange);
 }
@@ -90,30 +75,4 @@ QVariant LSMValuesViewController::defaultValue() const
             return valueAt(row);
     }
     return {};
-}
-
-void LSMValuesViewController::addValueAction()
-{
-    addRow(localized("New Value"), false);
-    m_ui->valuesTable->setCurrentIndex(m_values.index(m_values.rowCount() - 1, NameColumn));
-    editCurrentName();
-}
-
-void LSMValuesViewController::removeValueAction()
-{
-    QModelIndexList rows = m_ui->valuesTable->selectionModel()->selectedRows();
-    if (rows.isEmpty())
-        return;
-    std::ranges::sort(rows, std::greater(), &QModelIndex::row);
-    for (const QModelIndex &index : std::as_const(rows))
-        m_values.removeRow(index.row());
-    const int next = qMin(rows.constLast().row(), m_values.rowCount() - 1);
-    m_ui->valuesTable->setCurrentIndex(m_values.index(next, NameColumn));
-}
-
-void LSMValuesViewController::editCurrentName()
-{
-    const QModelIndex current = m_ui->valuesTable->currentIndex();
-    if (current.isValid())
-        m_ui->valuesTable->edit(current.siblingAtColumn(NameColumn));
 }

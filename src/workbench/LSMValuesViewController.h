@@ -28,15 +28,11 @@ public:
     /// Of the first row that is marked as the default; invalid without one.
     QVariant defaultValue() const;
 
-    void addValueAction();
-    void removeValueAction();
-
 private:
     enum Column { NameColumn, DefaultColumn };
 
     void addRow(const QVariant &value, bool isDefault);
     void itemDidChange(const QStandardItem *item);
-    void editCurrentName();
     QVariant valueAt(int row) const;
 
     std::unique_ptr<Ui::LSMValuesViewController> m_ui;

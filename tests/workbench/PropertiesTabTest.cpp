@@ -270,10 +270,13 @@ TEST_F(PropertiesTabTest, ThePopoverEditsTheAllowedValues)
     EXPECT_EQ(values->defaultValue(), "Blue");
     model->setData(model->index(0, 1), Qt::Unchecked, Qt::CheckStateRole);
     EXPECT_EQ(values->defaultValue(), "Blue");
-    values->addValueAction();
+    const auto press = [&](const char *button) {
+        QTest::mouseClick(values->findChild<QToolButton *>(button), Qt::LeftButton);
+    };
+    press("addButton");
     QTest::keyClicks(qApp->focusWidget(), "Grey");
     rows->selectRow(0);
-    values->removeValueAction();
+    press("removeButton");
     EXPECT_FALSE(isDirty());
     closeValues();
     EXPECT_EQ(list()[0],
@@ -290,9 +293,22 @@ TEST_F(PropertiesTabTest, ThePopoverEditsTheAllowedValues)
     values = openValues(0);
     rows = values->findChild<QTableView *>("valuesTable");
     rows->selectAll();
-    values->removeValueAction();
+    QTest::keyClick(rows, Qt::Key_Delete);
+    EXPECT_FALSE(values->findChild<QToolButton *>("removeButton")->isEnabled());
     closeValues();
     EXPECT_EQ(list()[0], record("A", valuesProperty));
+}
+
+TEST_F(PropertiesTabTest, APopoverOfAListThatIsNoLongerThereChangesNothing)
+{
+    open(QVariantList{record("A", valuesProperty, "Red", colors)});
+    openValues(0);
+    const QVariantList other{record("B", stringProperty, "b")};
+    selected()->templateDictionary()->setValue(properties, other);
+    editor()->updateFacts();
+    closeValues();
+    EXPECT_EQ(list(), other);
+    EXPECT_FALSE(isDirty());
 }
 
 TEST_F(PropertiesTabTest, RowsAreDraggedBetweenRows)
@@ -346,9 +362,12 @@ TEST_F(PropertiesTabTest, KeysMoveRemoveAndUndo)
     key(Qt::Key_Delete);
     EXPECT_EQ(names(), QStringList({"B", "C"}));
     chooseType(0, booleanProperty);
+    pressShortcut("actionSave");
+    EXPECT_FALSE(isDirty());
     for (const QStringList &each : {QStringList{"B", "C"}, {"B", "A", "C"}, {"A", "B", "C"}}) {
         pressShortcut("actionUndo");
         EXPECT_EQ(names(), each);
+        EXPECT_TRUE(isDirty()) << "what is saved is another list";
     }
     EXPECT_EQ(list(), all);
     pressShortcut("actionRedo");
