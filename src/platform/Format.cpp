@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <QLocale>
 #include <QObject>
 #include <QRegularExpression>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Error.h"
+#include "platform/PatternStart.h"
 #include <memory>
 #include <optional>
 #include <vector>
@@ -28,9 +29,15 @@ private:
     };
     using Handle = std::unique_ptr<URegularExpression, Close>;
 
-    explicit RegularExpression(Handle handle) : m_handle(std::move(handle)) {}
+    RegularExpression(Handle handle, const std::optional<AsciiSet> &start)
+        : m_handle(std::move(handle)), m_start(start)
+    {
+    }
+
+    bool findFrom(QStringView text, qsizetype from);
 
     Handle m_handle;
+    std::optional<AsciiSet> m_start; ///< What a match can begin with; none: anything.
 };
 
 /// What `\w` stands for.
