@@ -182,7 +182,7 @@ void LSMDesignChecking::goToPrevious()
     const qsizetype caret = m_editor->textView()->selectedRange().location;
     const LSMFindings placed = placedFindings();
     const auto found =
-        std::ranges::find_if(placed | std::views::reverse,
+        std::ranges::find_if(placed.rbegin(), placed.rend(),
                              [&](const LSMFinding &finding) { return indexOf(finding) < caret; });
     if (!placed.empty())
         goTo(found == placed.rend() ? placed.back() : *found);
