@@ -8,8 +8,12 @@
 #include "platform/UserDefaults.h"
 #include "support/TestSupport.h"
 
+#include <array>
+#include <atomic>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <set>
+#include <thread>
 
 using platform::UserDefaults;
 
@@ -66,13 +70,30 @@ protected:
     const QString other = QStringLiteral("Other %1").arg(count);
 };
 
+TEST_F(SharedPreferences, AnyThreadMayLookAGroupUp)
+{
+    std::array<MGSHybridUserDefaultsController *, 8> found{};
+    std::atomic<int> done = 0;
+    std::vector<std::jthread> threads;
+    for (auto &each : found)
+        threads.emplace_back([this, &each, &done] {
+            each = MGSHybridUserDefaultsController::sharedControllerForGroupID(one);
+            ++done;
+        });
+    ASSERT_TRUE(support::waitUntil([&] { return done == int(found.size()); }));
+    threads.clear();
+    EXPECT_EQ(std::set(found.begin(), found.end()).size(), 1U);
+    EXPECT_EQ(found[0]->thread(), QThread::currentThread());
+}
+
 TEST_F(SharedPreferences, StoredColoursAndFontsAreDataAndNilRemoves)
 {
     MGSUserDefaults &defaults = MGSUserDefaults::sharedUserDefaultsForGroupID(one);
     EXPECT_EQ(&defaults, &MGSUserDefaults::sharedUserDefaultsForGroupID(one));
     EXPECT_EQ(MGSUserDefaults::sharedUserDefaults().groupID(), "Global");
     int changes = 0;
-    QObject::connect(&defaults, &MGSUserDefaults::didChange, &defaults, [&] { ++changes; });
+    const QObject listener;
+    QObject::connect(&defaults, &MGSUserDefaults::didChange, &listener, [&] { ++changes; });
 
     const QFont font("DejaVu Sans Mono", 17);
     defaults.setObject("textColor", QColor(1, 2, 3));
@@ -320,7 +341,8 @@ TEST_F(SharedPreferences, AHybridReadsAndWritesWhereverAPropertyIsManaged)
     EXPECT_EQ(hybrid->managedProperties(), (QSet<QString>{"lineWrap", "tabWidth", "textColor"}));
     EXPECT_EQ(values->allKeys(), QStringList({"lineWrap", "tabWidth", "textColor"}));
     QStringList told;
-    QObject::connect(values.get(), &platform::ObservableDictionary::valueChanged, values.get(),
+    const QObject listener;
+    QObject::connect(values.get(), &platform::ObservableDictionary::valueChanged, &listener,
                      [&](const QString &key) { told << key; });
 
     values->setValue("lineWrap", false);
