@@ -320,6 +320,7 @@ void LSMPropertyEditorViewController::showColorPanel(const QModelIndex &index)
                                  LSMPropertyToColorTransformer().reverseTransformedValue(chosen));
         });
     m_colorPanel->show();
+    m_colorPanel->activateWindow(); // a double click ends in the main window
 }
 
 void LSMPropertyEditorViewController::resetColorPanel()

@@ -59,6 +59,14 @@ QVariant boldFont()
     return font;
 }
 
+// "#b5633f", and how much of it there is where that is not all.
+QString textOfColor(const QColor &color)
+{
+    return color.alphaF() < 1
+               ? QStringLiteral("%1, %2 %").arg(color.name()).arg(qRound(color.alphaF() * 100))
+               : color.name();
+}
+
 QString stringIn(const QVariant &value)
 {
     return value.typeId() == QMetaType::QString ? value.toString() : QString();
@@ -237,8 +245,9 @@ QString LSMPropertyTableModel::text(const Cell &cell) const
                                                        : LSMPropertyListText(summary);
     }
     if (cell.control == Control::Well && isAsItShouldBe(cell))
-        return cell.value.isValid() ? toColor.transformedValue(cell.value).value<QColor>().name()
-                                    : QString();
+        return cell.value.isValid()
+                   ? textOfColor(toColor.transformedValue(cell.value).value<QColor>())
+                   : QString();
     return cell.control == Control::CheckBox && isAsItShouldBe(cell)
                ? QString()
                : LSMPropertyListText(cell.value);

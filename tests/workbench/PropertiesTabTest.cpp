@@ -241,7 +241,8 @@ TEST_F(PropertiesTabTest, CellsHaveTheControlOfTheirType)
     support::settle();
     EXPECT_EQ(platform::KeyedArchive::unarchivedColor(value(0, propertyDefaultValue).toByteArray()),
               QColor(1, 2, 3, 128));
-    EXPECT_EQ(cell(0, Model::ValueColumn).data(), "#010203");
+    EXPECT_EQ(cell(0, Model::ValueColumn).data(), "#010203, 50 %");
+    EXPECT_EQ(cell(2, Model::ValueColumn).data(), "#044eff");
 
     focusTable();
     table()->setCurrentIndex(cell(1, Model::ValueColumn));
