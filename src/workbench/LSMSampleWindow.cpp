@@ -16,6 +16,7 @@ LSMSampleWindow::LSMSampleWindow(QWidget *parent)
     : QWidget(parent, Qt::Window), m_ui(std::make_unique<Ui::LSMSampleWindow>())
 {
     m_ui->setupUi(this);
+    move(parent->window()->geometry().center() - rect().center());
     m_ui->previousButton->setIcon(zq::tintedIcon(QStringLiteral("Previous")));
     m_ui->nextButton->setIcon(zq::tintedIcon(QStringLiteral("Next")));
     connect(m_ui->previousButton, &QToolButton::clicked, this, &LSMSampleWindow::showPrevious);
