@@ -91,7 +91,7 @@ MGSManagedGlobalPropertiesProxy *MGSPrefsViewController::managedGlobalProperties
 
 void MGSPrefsViewController::takePanes(QWidget &from, const QString &hint)
 {
-    m_ui->hintLabel->setText(hint);
+    m_hint = hint;
     for (const QString &name : keysForPanelSubviews()) {
         auto *separator = new QFrame;
         separator->setFrameStyle(QFrame::HLine | QFrame::Plain);
@@ -162,7 +162,9 @@ void MGSPrefsViewController::updateRestoreButton()
     const auto isSet = [this](const QString &property) {
         return m_controller->isSet(property);
     };
-    m_ui->restoreButton->setEnabled(m_controller && std::ranges::any_of(shownProperties(), isSet));
+    const bool isAnySet = m_controller && std::ranges::any_of(shownProperties(), isSet);
+    m_ui->restoreButton->setEnabled(isAnySet);
+    m_ui->hintLabel->setText(isAnySet ? QString() : m_hint);
 }
 
 void MGSPrefsViewController::refresh()

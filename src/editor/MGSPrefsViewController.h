@@ -59,7 +59,8 @@ protected:
     virtual QStringList keysForPanelSubviews() const = 0; ///< Names of the panes, top to bottom.
     virtual QMap<QString, QSet<QString>> propertiesForPanelSubviews() const = 0; ///< By pane.
 
-    /// Takes the panes out of a widget that has them. Once, when a subclass is made.
+    /// Takes the panes out of a widget that has them. Once, when a subclass is made. The hint says
+    /// what holds as long as nothing shown here has been set.
     void takePanes(QWidget &from, const QString &hint);
 
     /// The user has just changed a control, and the controller has the value.
@@ -90,6 +91,7 @@ private:
     const std::unique_ptr<MGSManagedPropertiesProxy> m_managedProperties;
     const std::unique_ptr<MGSManagedGlobalPropertiesProxy> m_managedGlobalProperties;
     QPointer<MGSUserDefaultsControllerProtocol> m_controller;
+    QString m_hint;
     QList<QWidget *> m_panes;
     QList<QWidget *> m_separators; // each above the pane of its index
     QList<Control> m_controls;
