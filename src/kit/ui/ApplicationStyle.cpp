@@ -111,7 +111,8 @@ void drawCheckBox(const QStyleOption &option, QPainter &painter)
     painter.restore();
 }
 
-// The stock check boxes, and the sign for "more items than fit", are dark in a dark window too.
+// The stock check boxes, and the sign for "more items than fit", are dark in a dark window too, and
+// the icons of a dialog's buttons are of another time.
 class Style : public QProxyStyle
 {
 public:
@@ -123,6 +124,14 @@ public:
         return icon == SP_ToolBarHorizontalExtensionButton
                    ? tintedIcon(QStringLiteral("ToolbarChevron"))
                    : QProxyStyle::standardIcon(icon, option, widget);
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *data) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, data);
     }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
