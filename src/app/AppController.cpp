@@ -84,12 +84,14 @@ bool AppController::applicationShouldTerminate()
 // Quitting closes the main window before any other, so the guard stands here alone.
 bool AppController::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::Quit && event->type() != QEvent::Close)
+    const bool isQuit = watched == qApp && event->type() == QEvent::Quit;
+    const bool isClose = watched->isWidgetType() && event->type() == QEvent::Close;
+    if (!isQuit && !isClose)
         return false;
     QMainWindow *window = m_mainWindowController->window();
-    if (!window->isVisible() || (event->type() == QEvent::Close && watched != window))
+    if (!window->isVisible() || (isClose && watched != window))
         return false;
-    if (event->type() == QEvent::Quit ? window->close() : applicationShouldTerminate())
+    if (isQuit ? window->close() : applicationShouldTerminate())
         return false;
     event->ignore();
     return true;

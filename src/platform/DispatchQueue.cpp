@@ -13,8 +13,6 @@ namespace platform {
 // on with the next.
 struct DispatchQueue::Inbox : QObject
 {
-    Inbox() { moveToThread(QCoreApplication::instance()->thread()); }
-
     void add(std::function<void()> work)
     {
         auto wake = std::make_unique<QEvent>(QEvent::User);
@@ -57,6 +55,13 @@ DispatchQueue &DispatchQueue::mainQueue()
     static DispatchQueue queue;
     return queue;
 }
+
+// On the main thread, so that the inbox and its mutex are there before any other asks.
+static void makeMainQueue()
+{
+    DispatchQueue::mainQueue();
+}
+Q_COREAPP_STARTUP_FUNCTION(makeMainQueue)
 
 void DispatchQueue::async(std::function<void()> work)
 {

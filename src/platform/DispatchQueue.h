@@ -11,7 +11,7 @@ namespace platform {
 class DispatchQueue
 {
 public:
-    /// Made on first use; the application object must be there by then.
+    /// There as soon as the application object is.
     static DispatchQueue &mainQueue();
 
     /// Returns at once. Work that is still waiting when the event loop ends is not done.

@@ -109,7 +109,6 @@ LSMLayoutPreviewGenerator::LSMLayoutPreviewGenerator(LSMDesignTemplate *design,
     m_layoutNames = design->layoutNames();
     m_defaultLayoutName = design->defaultLayoutName();
     m_container = LSMLotbookConfig::lotbookContainerFolder();
-    DispatchQueue::mainQueue(); // made here, not on the run's thread
 }
 
 std::jthread LSMLayoutPreviewGenerator::saveLayoutPreviewsOfDesignTemplate(

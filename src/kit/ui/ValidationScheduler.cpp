@@ -66,12 +66,14 @@ void ValidationScheduler::watchMenus()
 
 bool ValidationScheduler::eventFilter(QObject *watched, QEvent *event)
 {
+    if (!watched->isWidgetType() && !watched->isWindowType())
+        return false;
     if (event->type() == QEvent::ShortcutOverride && m_idle.isActive() &&
         mayBeShortcut(static_cast<QKeyEvent *>(event)))
         validateNow();
     else if (isUserInput(event->type()))
         validateSoon();
-    return QObject::eventFilter(watched, event);
+    return false;
 }
 
 } // namespace zq
