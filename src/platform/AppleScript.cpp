@@ -12,8 +12,6 @@ using namespace applescript;
 
 namespace {
 
-constexpr int noSuchObject = -1728;
-
 class Interpreter
 {
 public:
@@ -157,7 +155,8 @@ private:
 
     std::nullopt_t refuse(const QString &description)
     {
-        fail(&m_error, QString::fromLatin1(AppleScript::errorDomain), noSuchObject, description);
+        fail(&m_error, QString::fromLatin1(AppleScript::errorDomain), AppleScript::NoSuchObject,
+             description);
         return std::nullopt;
     }
 

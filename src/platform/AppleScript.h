@@ -10,19 +10,21 @@ namespace platform {
 /// AppleScript that docs/scripting.md tells: tell, set, get, return, commands, try, text and `&`. A
 /// value; any thread; two scripts may run side by side.
 ///
-/// Errors are in the domain "applescript". Their description is a sentence for the user, their code
-/// the usual number of the platform:
-///
-///   -600  the application isn't running, or there is no session bus to reach it by
-///   -609  it quit before it answered
-///   -1712 it took too long
-///   -1728 something was asked for outside of a `tell`
-///   -2740 the text is no script; the description has the line
-///   -10000 the application answered with an error
+/// Errors are in the domain "applescript", with a code below; their description is a sentence for
+/// the user.
 class AppleScript
 {
 public:
     static constexpr const char *errorDomain = "applescript";
+
+    enum ErrorCode {
+        NotRunning = -600,    ///< Or there is no session bus to reach the application by.
+        Gone = -609,          ///< It quit before it answered.
+        TimedOut = -1712,     ///< It took too long.
+        NoSuchObject = -1728, ///< Something was asked for outside of a `tell`.
+        SyntaxError = -2740,  ///< The text is no script; the description has the line.
+        Refused = -10000      ///< The application answered with an error.
+    };
 
     explicit AppleScript(const QString &source) : m_source(source) {}
 

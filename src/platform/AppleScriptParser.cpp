@@ -9,7 +9,6 @@ namespace platform::applescript {
 
 namespace {
 
-constexpr int syntaxError = -2740;
 constexpr int deepestNesting = 50;
 
 struct Token
@@ -173,8 +172,8 @@ private:
 
     bool stop(const QString &description)
     {
-        return fail(&m_error, QString::fromLatin1(AppleScript::errorDomain), syntaxError,
-                    description);
+        return fail(&m_error, QString::fromLatin1(AppleScript::errorDomain),
+                    AppleScript::SyntaxError, description);
     }
 
     // Statements up to what ends the block around them.

@@ -16,9 +16,9 @@ namespace {
 
 const QString interface = QStringLiteral("com.quillbyte.Scripting");
 
-enum Code { NotRunning = -600, Gone = -609, TimedOut = -1712, Refused = -10000 };
+using enum AppleScript::ErrorCode;
 
-std::nullopt_t refuse(Error *error, Code code, const QString &description)
+std::nullopt_t refuse(Error *error, AppleScript::ErrorCode code, const QString &description)
 {
     fail(error, QString::fromLatin1(AppleScript::errorDomain), code, description);
     return std::nullopt;
