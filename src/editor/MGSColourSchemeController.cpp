@@ -55,7 +55,7 @@ void MGSColourSchemeController::setObjectController(
         m_values->disconnect(this);
     m_values = values;
     if (!values)
-        return;
+        return replaceSchemes(savedSchemes());
     connect(values.get(), &platform::ObservableDictionary::valueChanged, this,
             [this](const QString &property) {
                 if (!m_ignoreObservations &&
@@ -192,6 +192,10 @@ void MGSColourSchemeController::applyColourSchemeToView()
 
 void MGSColourSchemeController::findAndSetCurrentScheme()
 {
+    if (!m_values) {
+        Q_EMIT buttonSaveDeleteDidChange();
+        return;
+    }
     const MGSColourScheme seen = makeColourSchemeFromViewForScheme({});
     QList<Scheme> schemes = savedSchemes();
     if (const Scheme match = findMatchingSchemeForScheme(seen)) {

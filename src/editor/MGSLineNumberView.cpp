@@ -19,7 +19,7 @@ using platform::TextStorage;
 
 namespace {
 
-constexpr qreal greatestMinimumWidth = 1000;
+constexpr qreal greatestMinimumWidth = 400;
 constexpr qreal foldMarkWidth = 12;
 constexpr QSize largestDecoration(256, 256); // asked for to learn a picture's proportions
 

@@ -38,7 +38,7 @@ public:
     QColor backgroundColor() const { return m_backgroundColor; } ///< White 0.94
     void setBackgroundColor(const QColor &colour);
     double minimumWidth() const { return m_minimumWidth; }          ///< 40
-    void setMinimumWidth(double pixels);                            ///< 1000 at the most.
+    void setMinimumWidth(double pixels);                            ///< 400 at the most.
     int startingLineNumber() const { return m_startingLineNumber; } ///< Of the first line; 1
     void setStartingLineNumber(int number);
     bool showsLineNumbers() const { return m_showsLineNumbers; }

@@ -3,6 +3,7 @@
 #include "editor/MGSArchiving.h"
 #include "editor/MGSUserDefaults.h"
 #include "editor/MGSUserDefaultsController.h"
+#include "platform/PropertyList.h"
 
 #include <QSet>
 
@@ -48,6 +49,8 @@ QVariant MGSPreferencesProxyDictionary::value(const QString &key) const
 {
     QVariant own = isPersistent() ? userDefaults().object(key) : object(key);
     const QVariant standard = m_defaultValues.value(key);
+    if (standard.typeId() == QMetaType::Bool && own.typeId() == QMetaType::QString)
+        own = platform::isTrue(own);
     const bool isOfUse = !standard.isValid() || own.convert(standard.metaType());
     return isOfUse ? own : standard;
 }

@@ -6,9 +6,9 @@
 class SMLEditingSettings
 {
 public:
-    /// Columns that the shift commands move lines by.
+    /// Columns that the shift commands move lines by, 100 at the most.
     unsigned indentWidth() const { return m_indentWidth; }
-    void setIndentWidth(unsigned columns) { m_indentWidth = columns; }
+    void setIndentWidth(unsigned columns) { m_indentWidth = qMin(columns, 100U); }
 
     /// Tab and indentation put in blanks; with tab stops those up to the next stop.
     bool indentWithSpaces() const { return m_indentWithSpaces; }

@@ -1,11 +1,12 @@
 #include "platform/ObservableDictionary.h"
 
+#include "platform/PropertyList.h"
+
 namespace platform {
 
 QString ObservableDictionary::stringValue(const QString &key) const
 {
-    const QVariant found = value(key);
-    return found.typeId() == QMetaType::QString ? found.toString() : QString();
+    return stringIn(value(key));
 }
 
 void ObservableDictionary::setValue(const QString &key, const QVariant &value)

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <QRegularExpression>
 
 namespace platform {
 
@@ -115,6 +116,17 @@ bool PropertyList::write(const QVariant &root, Format format, const QString &pat
 {
     const auto bytes = serialize(root, format, error);
     return bytes && writeFileAtomically(path, *bytes, error);
+}
+
+bool isTrue(const QVariant &value)
+{
+    static const QRegularExpression pattern(QStringLiteral("^\\s*[+-]?0*[YyTt1-9]"));
+    return isNumber(value) ? value.toDouble() != 0 : pattern.match(stringIn(value)).hasMatch();
+}
+
+QString stringIn(const QVariant &value)
+{
+    return value.typeId() == QMetaType::QString ? value.toString() : QString();
 }
 
 bool isNumber(const QVariant &value)

@@ -31,6 +31,13 @@ struct PropertyListUid
 /// Is the value a boolean, an integer or a real?
 bool isNumber(const QVariant &value);
 
+/// A number other than 0, or a string that says so: "Yes", "true", or what begins with a whole
+/// number other than 0.
+bool isTrue(const QVariant &value);
+
+/// The value if it is a string; null if it is anything else.
+QString stringIn(const QVariant &value);
+
 /// Property lists, XML and binary, read into QVariants that tell every type apart:
 ///
 ///   dict QVariantMap | array QVariantList | string QString | data QByteArray | bool bool

@@ -140,8 +140,7 @@ bool UserDefaults::boolean(const QString &key) const
     const QVariant value = object(key);
     if (const auto number = numberIn(value))
         return *number != 0;
-    const QString text =
-        value.typeId() == QMetaType::QString ? value.toString().toLower() : QString();
+    const QString text = stringIn(value).toLower();
     return text == u"yes" || text == u"true";
 }
 

@@ -2,6 +2,7 @@
 
 #include "editor/MGSFragariaView.h"
 #include "editor/SMLTextView.h"
+#include "kit/ui/TargetAction.h"
 #include "kit/ui/TintedIcon.h"
 #include "kit/ui/ZQViewExtensions.h"
 #include "library/LSMDesignKeys.h"
@@ -320,7 +321,7 @@ void LSMDesignEditorViewController::cancelLayoutPreviewsOfDesign(const LSMDesign
 
 void LSMDesignEditorViewController::switchToViewWithSenderTag(QObject *sender)
 {
-    setSelectedTab(sender->property("tag").toInt());
+    setSelectedTab(zq::tag(sender));
     focusSelectedTab();
 }
 

@@ -2,6 +2,7 @@
 
 #include "kit/ui/ColorPanel.h"
 #include "kit/ui/Popover.h"
+#include "kit/ui/TargetAction.h"
 #include "kit/ui/TintedIcon.h"
 #include "library/LSMDesignKeys.h"
 #include "platform/Bundle.h"
@@ -290,7 +291,7 @@ void LSMPropertyEditorViewController::showTypePopup(const QModelIndex &index)
     auto *popup = new QMenu(m_ui->propertiesTable);
     popup->setAttribute(Qt::WA_DeleteOnClose);
     popup->setObjectName(QStringLiteral("typePopup"));
-    popup->setProperty("tag", typePopupTag);
+    zq::setTag(popup, typePopupTag);
     const Record record = m_model.recordAt(index.row());
     auto *choice = new QActionGroup(popup);
     for (const QString &type : LSMPropertyTableModel::types()) {

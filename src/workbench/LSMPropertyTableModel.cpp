@@ -5,6 +5,7 @@
 #include "platform/Appearance.h"
 #include "platform/Bundle.h"
 #include "platform/Format.h"
+#include "platform/PropertyList.h"
 #include "workbench/LSMPropertyListText.h"
 #include "workbench/LSMPropertyTransformers.h"
 
@@ -16,6 +17,7 @@ using namespace LSMDesignKeys;
 using platform::localizable;
 using platform::localized;
 using platform::ObservableDictionary;
+using platform::stringIn;
 
 namespace {
 
@@ -65,11 +67,6 @@ QString textOfColor(const QColor &color)
     return color.alphaF() < 1
                ? QStringLiteral("%1, %2 %").arg(color.name()).arg(qRound(color.alphaF() * 100))
                : color.name();
-}
-
-QString stringIn(const QVariant &value)
-{
-    return value.typeId() == QMetaType::QString ? value.toString() : QString();
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "workbench/LSMPropertyListText.h"
 
 #include <QGuiApplication>
-#include <QRegularExpression>
 
 using namespace LSMDesignKeys;
 using namespace platform::KeyedArchive;
@@ -14,13 +13,6 @@ using namespace platform::KeyedArchive;
 namespace {
 
 constexpr double smallSize = 0.85; // of the application's font
-
-// "Yes", "true", or what begins with a whole number other than 0.
-bool readsTrue(const QString &text)
-{
-    static const QRegularExpression pattern(QStringLiteral("^\\s*[+-]?0*[YyTt1-9]"));
-    return pattern.match(text).hasMatch();
-}
 
 QTextCharFormat smallFormat(QFont::Weight weight)
 {
@@ -36,9 +28,7 @@ QTextCharFormat smallFormat(QFont::Weight weight)
 
 QVariant LSMPropertyToBoolTransformer::transformedValue(const QVariant &value) const
 {
-    return platform::isNumber(value)              ? value.toDouble() != 0
-           : value.typeId() == QMetaType::QString ? readsTrue(value.toString())
-                                                  : false;
+    return platform::isTrue(value);
 }
 
 QVariant LSMPropertyToBoolTransformer::reverseTransformedValue(const QVariant &value) const

@@ -3,6 +3,7 @@
 #include "library/LSMDesignKeys.h"
 #include "library/LSMDesignTemplate.h"
 #include "platform/Bundle.h"
+#include "platform/PropertyList.h"
 #include "ui_LSMStoreView.h"
 
 #include <QLocale>
@@ -12,6 +13,7 @@
 
 using namespace LSMDesignKeys;
 using platform::localized;
+using platform::stringIn;
 
 namespace {
 
@@ -29,11 +31,6 @@ bool isSecureAddress(const QString &text)
 {
     const QUrl url(text.trimmed(), QUrl::StrictMode);
     return url.isValid() && url.scheme() == u"https" && !url.host().isEmpty();
-}
-
-QString textOf(const QVariant &value)
-{
-    return value.typeId() == QMetaType::QString ? value.toString() : QString();
 }
 
 QString dateText(const QVariant &value)
@@ -86,7 +83,7 @@ void LSMStoreView::setDesign(LSMDesignTemplate *design)
     m_ui->releaseDateText->setText(dateText(value(releaseDate)));
     for (const auto &[key, view] : m_fields) {
         const QVariant held = value(key);
-        const QString text = textOf(held);
+        const QString text = stringIn(held);
         if (isOther || view->text() != text) {
             view->setText(text);
             view->setCursorPosition(0);
@@ -95,7 +92,7 @@ void LSMStoreView::setDesign(LSMDesignTemplate *design)
                                      ? localized("Holds something that is no text")
                                      : QString());
     }
-    const QString text = textOf(value(storeDescription));
+    const QString text = stringIn(value(storeDescription));
     if (isOther || description() != text)
         m_ui->designStoreDescriptionTextView->setPlainText(text);
     updateEnabling();
@@ -147,7 +144,7 @@ void LSMStoreView::setText(QLatin1StringView key, const QString &text)
 QString LSMStoreView::description() const
 {
     QString text = m_ui->designStoreDescriptionTextView->document()->toRawText();
-    const bool hasReturns = textOf(value(storeDescription)).contains(u"\r\n");
+    const bool hasReturns = stringIn(value(storeDescription)).contains(u"\r\n");
     return text.replace(QChar::ParagraphSeparator,
                         hasReturns ? QStringLiteral("\r\n") : QStringLiteral("\n"));
 }

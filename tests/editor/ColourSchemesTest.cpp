@@ -277,6 +277,19 @@ TEST_F(ColourSchemes, ACustomSchemeIsSavedUnderANameAndDeleted)
     EXPECT_EQ(menu->currentText(), u"Custom Settings"_s);
 }
 
+TEST_F(ColourSchemes, WithoutValuesNothingIsChosenAndNothingCanBeSaved)
+{
+    open();
+    values->setValue(u"textColor"_s, QColor(1, 2, 3));
+    EXPECT_TRUE(controller->currentSchemeIsCustom());
+    const qsizetype all = listed().size();
+    controller->setObjectController(nullptr);
+    EXPECT_EQ(listed().size(), all - 1);
+    EXPECT_FALSE(button->isEnabled());
+    controller->setObjectController(values);
+    EXPECT_TRUE(controller->currentSchemeIsCustom());
+}
+
 TEST_F(ColourSchemes, AnotherSchemeIsReplacedOnlyIfTheUserSaysSoAndAFailureIsTold)
 {
     open();

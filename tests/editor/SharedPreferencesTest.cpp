@@ -330,6 +330,13 @@ TEST_F(SharedPreferences, StoredValuesBeyondAllMeasureAreSurvived)
     UserDefaults::standardUserDefaults().removeObject(one);
     EXPECT_EQ(view.textFont().pointSizeF(), 11);
     EXPECT_EQ(view.lineHeightMultiple(), 0);
+
+    for (const auto &[text, isOn] : {std::pair("NO", false), {"YES", true}, {"0", false}}) {
+        UserDefaults::standardUserDefaults().setObject(one, QVariantMap{{"showsGutter", text}});
+        EXPECT_EQ(view.showsGutter(), isOn) << text;
+    }
+    view.setIndentWidth(4'000'000'000);
+    EXPECT_EQ(view.indentWidth(), 100U);
 }
 
 TEST_F(SharedPreferences, AHybridReadsAndWritesWhereverAPropertyIsManaged)

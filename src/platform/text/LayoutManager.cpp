@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-constexpr qreal greatestLineHeightMultiple = 100;
+constexpr qreal greatestLineHeightMultiple = 10;
 constexpr size_t mostLines = 400; // a tall screen shows a third of it
 
 bool hasSurrogates(const QString &text)
@@ -157,7 +157,7 @@ void LayoutManager::setWrapWidth(qreal pixels)
 
 void LayoutManager::setLineHeightMultiple(qreal factor)
 {
-    const qreal taken = qMin(factor, greatestLineHeightMultiple);
+    const qreal taken = factor > 0 ? qMin(factor, greatestLineHeightMultiple) : 0;
     if (taken == m_lineHeightMultiple)
         return;
     m_lineHeightMultiple = taken;

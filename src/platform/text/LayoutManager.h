@@ -48,7 +48,7 @@ public:
     void setFont(const QFont &font);
     void setTabInterval(qreal pixels);
     void setWrapWidth(qreal pixels);          ///< 0: lines do not wrap.
-    void setLineHeightMultiple(qreal factor); ///< 0 counts as 1; 100 at the most.
+    void setLineHeightMultiple(qreal factor); ///< 0 counts as 1; 10 at the most.
     qreal lineHeightMultiple() const { return m_lineHeightMultiple; }
 
     /// The line (zero-based, existing), laid out as far as it was looked at. Borrowed until the
