@@ -588,16 +588,16 @@
         <translation>%@ von %@ Designs</translation>
     </message>
     <message>
-        <source>%@ should probably be %@.</source>
-        <translation>%@ soll wohl %@ heißen.</translation>
+        <source>The &lt;%@&gt; behind this one should probably be &lt;/%@&gt;.</source>
+        <translation>Das &lt;%@&gt; nach diesem sollte wohl &lt;/%@&gt; sein.</translation>
     </message>
     <message>
         <source>%@ stands beside it: its conversion was cut short, or these are two designs. The old file still loads.</source>
         <translation>%@ steht daneben: Seine Umwandlung wurde unterbrochen, oder dies sind zwei Designs. Die alte Datei wird weiterhin geladen.</translation>
     </message>
     <message>
-        <source>%@ stands where &lt;/%@&gt; should.</source>
-        <translation>%@ steht, wo &lt;/%@&gt; stehen sollte.</translation>
+        <source>This element is not ended by an end tag of its own.</source>
+        <translation>Dieses Element wird von keinem eigenen End-Tag beendet.</translation>
     </message>
     <message>
         <source>%@, %@ could not be read</source>
@@ -614,6 +614,10 @@
     <message>
         <source>%ld found</source>
         <translation>%ld gefunden</translation>
+    </message>
+    <message>
+        <source>One more finding is not listed.</source>
+        <translation>Ein weiterer Befund ist nicht aufgeführt.</translation>
     </message>
     <message>
         <source>%ld more findings are not listed.</source>

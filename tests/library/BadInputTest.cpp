@@ -318,6 +318,10 @@ TEST_F(BadInput, TheCheckTakesAPathAsItIsTyped)
     QFile::remove(path + u"/Info.plist"_s);
     EXPECT_EQ(checked(path + u'/'), checked(path));
     EXPECT_FALSE(checked(path).empty());
+    LSMBundleCheck twice;
+    twice.addPath(path);
+    twice.addPath(custom + u"/./A.designTemplate"_s);
+    EXPECT_EQ(twice.findings(), checked(path)) << "it does not clash with itself";
     EXPECT_TRUE(isFound(checked(home(u"gone"_s)), home(u"gone"_s), u"nothing at this path"_s));
 }
 

@@ -67,6 +67,8 @@ TEST(HtmlCheck, FaultsOfFormAreToldWithTheirPlace)
         {u"<div>\n  <span>x"_s,
          {u"1:1+5 warning </div> is missing."_s, u"2:3+6 warning </span> is missing."_s}},
         {u"<p><b>a\n<div>b<p>c</div>\n<p>d"_s, {u"1:4+3 warning </b> is missing before <div>."_s}},
+        {u"<b>x<b>"_s, {u"1:1+3 warning The <b> behind this one should probably be </b>."_s}},
+        {u"<b></i>"_s, {u"1:1+3 warning This element is not ended by an end tag of its own."_s}},
         {u"a</i>"_s, {u"1:2+4 warning </i> has no place here."_s}},
         {u"<foo class=a>x</foo>"_s, {u"1:1+13 error HTML knows no <foo>."_s}},
         {u"<!-- open"_s, {u"1:1+1 error The comment has no end."_s}},
@@ -119,6 +121,8 @@ TEST(HtmlCheck, TheFormatHasRulesOfItsOwn)
           u"1:25+19 warning <img> has no value for its attribute “src”."_s}},
         {u"<div style=\"background: url('http://a.de/b.png')\">x</div>"_s,
          {u"1:30+17 warning The picture's address is not https: buyers may not see it."_s}},
+        {u"<img src=[[LBPicture1]] alt=x><a href=[[LBTitle]] onclick='x()'>x</a>"_s,
+         {u"1:51+7 warning Marketplaces do not allow scripts in listings."_s}},
         {u"<img src='[[LBPicture1]]'>"_s,
          {u"1:1+26 note The picture has no text (alt) for those who cannot see it."_s}},
         {u"<script>if (a < b) { x = \"<img>\" }</script>"_s,
@@ -135,6 +139,12 @@ TEST(HtmlCheck, ManyFindingsAreCutShort)
         LSMHtmlCheck::findings(u"<img src='a' alt=''>"_s.repeated(1500), {});
     ASSERT_EQ(qsizetype(findings.size()), LSMHtmlCheck::mostFindings + 1);
     EXPECT_EQ(findings.back().text, u"500 more findings are not listed."_s);
+
+    const LSMFindings grave = LSMHtmlCheck::findings(
+        u"<img src='https:a'>"_s.repeated(LSMHtmlCheck::mostFindings) + u"[[LBTitle"_s, {});
+    ASSERT_EQ(qsizetype(grave.size()), LSMHtmlCheck::mostFindings + 1);
+    EXPECT_EQ(grave[grave.size() - 2].level, LSMFinding::Level::Error);
+    EXPECT_EQ(grave.back().text, u"One more finding is not listed."_s);
 }
 
 TEST(HtmlCheck, WhatLibtidyDiesOfHarmsNobody)

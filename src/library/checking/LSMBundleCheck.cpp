@@ -112,6 +112,13 @@ void LSMBundleCheck::add(const QString &path, LSMFinding::Level level, const QSt
     m_findings.push_back({path, level, text, 0, 0, 0});
 }
 
+bool LSMBundleCheck::isNew(const QString &path)
+{
+    const qsizetype before = m_paths.size();
+    m_paths.insert(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
+    return m_paths.size() > before;
+}
+
 void LSMBundleCheck::addPath(const QString &givenPath)
 {
     const QString path = QDir::cleanPath(givenPath); // without a slash at its end
@@ -135,6 +142,8 @@ void LSMBundleCheck::addPath(const QString &givenPath)
 
 void LSMBundleCheck::addOldFile(const QString &path)
 {
+    if (!isNew(path))
+        return;
     const QString title = QFileInfo(path).completeBaseName();
     if (QFileInfo(path).suffix() != oldVersionExtension)
         return add(path, Error, localized("This is not a design."));
@@ -152,6 +161,8 @@ void LSMBundleCheck::addOldFile(const QString &path)
 
 void LSMBundleCheck::addBundle(const QString &path)
 {
+    if (!isNew(path))
+        return;
     if (!QFileInfo(path).isDir())
         return add(path, Error, localized("A design must be a folder, and this is none."));
     const QVariantMap info = checkInfo(path);

@@ -2,6 +2,7 @@
 
 #include "library/checking/LSMHtmlCheck.h"
 
+#include <QSet>
 #include <QStringList>
 
 /// The rules of the design format, held against bundles and old single files on disk. Nothing is
@@ -12,7 +13,7 @@ class LSMBundleCheck
 {
 public:
     /// A design (bundle or old file) is checked by itself; any other folder is taken as a template
-    /// directory, whose designs are also held against each other.
+    /// directory, whose designs are also held against each other. A design counts once.
     void addPath(const QString &givenPath);
 
     /// Holds all that was added against each other: titles and identifiers that clash. The findings
@@ -27,6 +28,7 @@ private:
         QString identifier;
     };
 
+    bool isNew(const QString &path); ///< The first time that it is asked about.
     void addBundle(const QString &path);
     void addOldFile(const QString &path);
     QVariantMap checkInfo(const QString &path); ///< Gives what it says.
@@ -39,6 +41,7 @@ private:
     void add(const QString &path, LSMFinding::Level level, const QString &text);
     void addClashes(LSMFindings &findings) const;
 
+    QSet<QString> m_paths;
     LSMFindings m_findings;
     std::vector<Design> m_designs;
 };

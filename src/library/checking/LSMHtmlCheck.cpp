@@ -38,9 +38,7 @@ public:
         checkStyles();
         if (!m_stop.stop_requested())
             checkForm();
-        std::ranges::stable_sort(m_findings, {}, [](const LSMFinding &finding) {
-            return std::pair(finding.line, finding.character);
-        });
+        sortByPlace();
         leaveOutMany();
         return std::move(m_findings);
     }
@@ -59,17 +57,30 @@ private:
              qMax(qsizetype(0), qMin(range.end(), contents.end()) - range.location)});
     }
 
+    void sortByPlace()
+    {
+        std::ranges::stable_sort(m_findings, {}, [](const LSMFinding &finding) {
+            return std::pair(finding.line, finding.character);
+        });
+    }
+
+    // The gravest stay.
     void leaveOutMany()
     {
         const qsizetype more = qsizetype(m_findings.size()) - mostFindings;
         if (more <= 0)
             return;
+        std::ranges::stable_sort(m_findings, std::greater(), &LSMFinding::level);
         m_findings.resize(size_t(mostFindings));
+        sortByPlace();
         m_findings.push_back(
-            {{}, Note, platform::format(localized("%ld more findings are not listed."), more)});
+            {{},
+             Note,
+             more == 1 ? localized("One more finding is not listed.")
+                       : platform::format(localized("%ld more findings are not listed."), more)});
     }
 
-    // Blanks stand for the expressions in what HTML is read from.
+    // Blanks stand for the expressions in what HTML is read from, letters where one is a value.
     void checkBrackets();
     void checkUnclosed(TextRange range); ///< Brackets without an end; the range has no others.
     void checkParts(const LSMPlaceholders::Bracketed &found);
@@ -108,7 +119,9 @@ void Check::checkBrackets()
             return;
         checkUnclosed(TextRange::between(at, found->start));
         at = found->end;
-        std::fill(m_plain.begin() + found->start, m_plain.begin() + at, QChar(u' '));
+        const bool isValue = found->start > 0 && m_plain[found->start - 1] == u'=';
+        std::fill(m_plain.begin() + found->start, m_plain.begin() + at,
+                  QChar(isValue ? u'x' : u' '));
         checkParts(*found);
         checkNames(*found);
         checkDefaultLayout(*found);

@@ -20,8 +20,8 @@ struct Context
     static Context of(const QVariantMap &info); ///< From the values of an Info.plist.
 };
 
-/// Ordered by their places, without paths. At most `mostFindings`, and one that tells how many more
-/// there are.
+/// Ordered by their places, without paths. At most `mostFindings`, the gravest, and one that tells
+/// how many more were found.
 LSMFindings findings(const QString &html, const Context &context, const std::stop_token &stop = {});
 
 inline constexpr qsizetype mostFindings = 1000;
