@@ -63,6 +63,17 @@ ScrollPosition TextScroller::normalized(ScrollPosition position) const
 
 ScrollPosition TextScroller::end() const
 {
+    const ScrollPosition estimate = estimatedEnd();
+    LineLayout &line = m_layout.line(estimate.line);
+    if (!isEstimated(line))
+        return estimate;
+    line.rowAt(line.length());
+    line.offsetAt({0, estimate.above});
+    return estimatedEnd();
+}
+
+ScrollPosition TextScroller::estimatedEnd() const
+{
     qsizetype line = m_layout.textStorage()->lineCount();
     qreal above = -m_size.height();
     do {
@@ -70,6 +81,13 @@ ScrollPosition TextScroller::end() const
         above += m_heightOfLine(line);
     } while (above < 0 && line > 0);
     return {line, std::round(qMax<qreal>(0, above)), 0};
+}
+
+// A long line may turn out longer or shorter where it comes into sight.
+bool TextScroller::isEstimated(const LineLayout &line) const
+{
+    return m_layout.style().wrapWidth > 0 &&
+           line.length() > LineLayout::longestPiece(m_layout.style());
 }
 
 void TextScroller::scrollBy(QPointF delta)
@@ -88,13 +106,11 @@ void TextScroller::scrollBy(QPointF delta)
     setPosition(position);
 }
 
-// A long line may turn out longer or shorter where it comes into sight. What was at the top of the
-// window is to stay there, so this gives by how much it has moved.
+// What was at the top of the window is to stay there, so this gives by how much it has moved.
 qreal TextScroller::knownAbove(qsizetype line, qreal from, qreal to) const
 {
     LineLayout &layout = m_layout.line(line);
-    if (m_layout.style().wrapWidth <= 0 ||
-        layout.length() <= LineLayout::longestPiece(m_layout.style()))
+    if (!isEstimated(layout))
         return 0;
     const qsizetype offset = layout.offsetAt({0, from});
     const qreal before = layout.caretRect(offset).y();

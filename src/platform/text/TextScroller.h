@@ -60,6 +60,8 @@ private:
     qsizetype lineBefore(qsizetype line) const;
     ScrollPosition normalized(ScrollPosition position) const;
     std::optional<qreal> topNear(qsizetype line) const;
+    ScrollPosition estimatedEnd() const;
+    bool isEstimated(const LineLayout &line) const;
     qreal knownAbove(qsizetype line, qreal from, qreal to) const;
 
     LayoutManager &m_layout;
