@@ -544,8 +544,20 @@
         <translation>%@ lässt sich nicht einfärben: %@</translation>
     </message>
     <message>
+        <source>%@ cannot have an attribute “%@”.</source>
+        <translation>%@ kann kein Attribut „%@“ haben.</translation>
+    </message>
+    <message>
         <source>%@ designs</source>
         <translation>%@ Designs</translation>
+    </message>
+    <message>
+        <source>%@ has a quotation mark that belongs to nothing.</source>
+        <translation>%@ hat ein Anführungszeichen, das zu nichts gehört.</translation>
+    </message>
+    <message>
+        <source>%@ has a “=” without the name of an attribute.</source>
+        <translation>%@ hat ein „=“ ohne den Namen eines Attributs.</translation>
     </message>
     <message>
         <source>%@ has no end; a quotation mark may be missing.</source>
@@ -580,6 +592,10 @@
         <translation>%@ darf nicht in %@ stehen.</translation>
     </message>
     <message>
+        <source>%@ must not stand in one of its own kind.</source>
+        <translation>%@ darf nicht in seinesgleichen stehen.</translation>
+    </message>
+    <message>
         <source>%@ of %@</source>
         <translation>%@ von %@</translation>
     </message>
@@ -588,12 +604,32 @@
         <translation>%@ von %@ Designs</translation>
     </message>
     <message>
+        <source>&lt;%@&gt; is missing here.</source>
+        <translation>Hier fehlt &lt;%@&gt;.</translation>
+    </message>
+    <message>
+        <source>HTML stands behind &lt;/body&gt;.</source>
+        <translation>Hinter &lt;/body&gt; steht HTML.</translation>
+    </message>
+    <message>
         <source>The &lt;%@&gt; behind this one should probably be &lt;/%@&gt;.</source>
         <translation>Das &lt;%@&gt; nach diesem sollte wohl &lt;/%@&gt; sein.</translation>
     </message>
     <message>
         <source>%@ stands beside it: its conversion was cut short, or these are two designs. The old file still loads.</source>
         <translation>%@ steht daneben: Seine Umwandlung wurde unterbrochen, oder dies sind zwei Designs. Die alte Datei wird weiterhin geladen.</translation>
+    </message>
+    <message>
+        <source>The checker of HTML says: %@</source>
+        <translation>Die HTML-Prüfung meldet: %@</translation>
+    </message>
+    <message>
+        <source>The condition cannot be read: the part is never there.</source>
+        <translation>Die Bedingung ist nicht lesbar: Der Teil ist nie da.</translation>
+    </message>
+    <message>
+        <source>The document type must stand in front of everything else.</source>
+        <translation>Der Dokumenttyp muss vor allem anderen stehen.</translation>
     </message>
     <message>
         <source>This element is not ended by an end tag of its own.</source>
@@ -1778,6 +1814,10 @@
         <translation>Dieses HTML enthält Zeilenenden oder Zeichen, die dieser Editor ändern würde. Es wird nur angezeigt, damit nichts verloren geht.</translation>
     </message>
     <message>
+        <source>This is no placeholder: buyers would see it as it stands.</source>
+        <translation>Das ist kein Platzhalter: Käufer sähen es so, wie es dasteht.</translation>
+    </message>
+    <message>
         <source>This is not a design.</source>
         <translation>Dies ist kein Design.</translation>
     </message>
@@ -1788,6 +1828,10 @@
     <message>
         <source>This is not a picture that can be read.</source>
         <translation>Dies ist kein lesbares Bild.</translation>
+    </message>
+    <message>
+        <source>This number means no character.</source>
+        <translation>Diese Nummer bezeichnet kein Zeichen.</translation>
     </message>
     <message>
         <source>Toolbar</source>

@@ -11,6 +11,13 @@ namespace LSMPlaceholders {
 
 namespace {
 
+bool isOperator(const QString &word)
+{
+    return std::ranges::any_of(
+        QStringList{QStringLiteral("not"), QStringLiteral("and"), QStringLiteral("or")},
+        [&word](const QString &one) { return word.compare(one, Qt::CaseInsensitive) == 0; });
+}
+
 /// Reads an expression from left to right, each rule as its binding has it.
 class Expression
 {
@@ -20,10 +27,11 @@ public:
     {
     }
 
-    bool holds()
+    /// Nullopt where it cannot be read.
+    std::optional<bool> result()
     {
         const bool result = alternatives();
-        return result && m_isReadable && m_at == m_words.size();
+        return m_isReadable && m_at == m_words.size() ? std::optional(result) : std::nullopt;
     }
 
 private:
@@ -56,7 +64,7 @@ private:
         bool isNegated = false;
         while (take(u"not"))
             isNegated = !isNegated;
-        if (m_at == m_words.size())
+        if (m_at == m_words.size() || isOperator(m_words[m_at]))
             return m_isReadable = false;
         return !m_values(m_words[m_at++]).isEmpty() != isNegated;
     }
@@ -76,13 +84,6 @@ bool isName(const QString &text)
 
 constexpr auto propertyPrefix = QLatin1StringView("LBProperty_");
 constexpr auto noLayout = QLatin1StringView("LBLayoutNotDefined");
-
-bool isOperator(const QString &word)
-{
-    return std::ranges::any_of(
-        QStringList{QStringLiteral("not"), QStringLiteral("and"), QStringLiteral("or")},
-        [&word](const QString &one) { return word.compare(one, Qt::CaseInsensitive) == 0; });
-}
 
 /// Those in the menu of placeholders, whose texts are what is inserted.
 QSet<QString> namesInMenu()
@@ -115,6 +116,15 @@ QStringList Bracketed::names() const
     return words;
 }
 
+bool Bracketed::isReadable() const
+{
+    const Values none = [](const QString &) {
+        return QString();
+    };
+    return beginsPart() ? Expression(inside.sliced(3), none).result().has_value()
+                        : endsPart() || isName(inside);
+}
+
 std::optional<Bracketed> nextBracketed(const QString &html, qsizetype from)
 {
     const qsizetype first = html.indexOf(u"[[", from);
@@ -143,7 +153,7 @@ bool isNameOfProperty(const QString &name)
 
 bool holds(const QString &expression, const Values &values)
 {
-    return Expression(expression, values).holds();
+    return Expression(expression, values).result().value_or(false);
 }
 
 QString filled(const QString &html, const Values &values)

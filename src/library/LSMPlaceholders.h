@@ -27,6 +27,7 @@ struct Bracketed
 
     bool beginsPart() const { return inside.startsWith(u"if "); }
     bool endsPart() const { return inside == u"endif"; }
+    bool isReadable() const;   ///< Is it made as it should be, whatever its names?
     QStringList names() const; ///< That it asks for; none where it is no expression.
 };
 

@@ -3,7 +3,6 @@
 #include "library/checking/LSMHtmlCheck.h"
 #include "library/checking/LSMHtmlTags.h"
 #include "library/checking/LSMLiveCheck.h"
-#include "library/checking/LSMTidy.h"
 #include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
@@ -56,6 +55,12 @@ TEST(HtmlCheck, WhatDesignsAreMadeOfIsNoFault)
          "[[if LBLayoutEnabled_B]]<i id=x>b</i>[[endif]]"_s,
          {}},
         {u"<img src='data:image/gif;base64,R0' alt=''><img src=https://a.de/b.png alt=b>"_s, {}},
+        {u"<img alt='' src='[[LBPicture1]]' srcset='[[LBPicture1]] 1x, https://a.de/b.png 2x'>"_s,
+         {}},
+        {u"<style>/* url(http://a.de/b.png) */ p { background: url([[LBPicture1]]) }"
+         "b { background: url(\"data:image/svg+xml,a='url(%23s)'\") }</style>"_s,
+         {}},
+        {u"[[if LBSize\n or not LBBrand]]<b>x</b>[[endif]]"_s, {}},
         {u"a [[0, 1]] [[ b"_s, {}},
     });
 }
@@ -71,6 +76,10 @@ TEST(HtmlCheck, FaultsOfFormAreToldWithTheirPlace)
         {u"<b></i>"_s, {u"1:1+3 warning This element is not ended by an end tag of its own."_s}},
         {u"a</i>"_s, {u"1:2+4 warning </i> has no place here."_s}},
         {u"<foo class=a>x</foo>"_s, {u"1:1+13 error HTML knows no <foo>."_s}},
+        {u"<style>p {}"_s, {u"1:1+7 warning </style> is missing."_s}},
+        {u"<p \">&#150;</p>"_s,
+         {u"1:1+5 error <p> has a quotation mark that belongs to nothing."_s,
+          u"1:6+1 warning This number means no character."_s}},
         {u"<!-- open"_s, {u"1:1+1 error The comment has no end."_s}},
         {u"&nbsp &foo; a & b"_s,
          {u"1:1+1 warning “&nbsp” does not end with “;”."_s,
@@ -103,6 +112,18 @@ TEST(HtmlCheck, TheFormatHasRulesOfItsOwn)
          {u"1:1+2 error The placeholder has no “]]”."_s,
           u"2:1+2 error The placeholder has no “]]”."_s,
           u"2:14+2 error The placeholder has no “]]”."_s}},
+        {u"[[if LBLayoutEnabled_A <b>x</b>\n</u> x[y[0]][[endif]]"_s,
+         {u"1:1+2 error The layout marker has no “]]”."_s,
+          u"2:1+4 warning </u> has no place here."_s}},
+        {u"[[ LBTitle ]] [[LB-Title]] [[IF LBTitle]] [[elseif LBTitle]] [[endif ]]"_s,
+         {u"1:1+13 warning This is no placeholder: buyers would see it as it stands."_s,
+          u"1:15+12 warning This is no placeholder: buyers would see it as it stands."_s,
+          u"1:28+14 warning This is no placeholder: buyers would see it as it stands."_s,
+          u"1:43+18 warning This is no placeholder: buyers would see it as it stands."_s,
+          u"1:62+10 warning This is no placeholder: buyers would see it as it stands."_s}},
+        {u"[[if not]]a[[endif]][[if LBPrice < 5]]a[[endif]]"_s,
+         {u"1:1+10 warning The condition cannot be read: the part is never there."_s,
+          u"1:21+18 warning The condition cannot be read: the part is never there."_s}},
         {u"[[if LBLayoutEnabled_A or LBLayoutNotDefined]]a[[endif]]\n"
          "[[if LBLayoutEnabled_A or LBLayoutNotDefined]]a[[endif]]\n"
          "[[if LBLayoutEnabled_B or LBLayoutNotDefined]]b[[endif]]"_s,
@@ -121,6 +142,16 @@ TEST(HtmlCheck, TheFormatHasRulesOfItsOwn)
           u"1:25+19 warning <img> has no value for its attribute “src”."_s}},
         {u"<div style=\"background: url('http://a.de/b.png')\">x</div>"_s,
          {u"1:30+17 warning The picture's address is not https: buyers may not see it."_s}},
+        {u"<p style='background: url(&quot;b.png&quot;)'>url(b)</p><style>a{b:url( \"//a\")}</style>"_s,
+         {u"1:33+5 warning The picture's address is not https: buyers may not see it."_s,
+          u"1:74+3 warning The picture's address is not https: buyers may not see it."_s}},
+        {u"<img alt='' src='https:a' srcset='a.png 1x,b.png 2x, https:c 3x'>"_s,
+         {u"1:35+5 warning The picture's address is not https: buyers may not see it."_s,
+          u"1:44+5 warning The picture's address is not https: buyers may not see it."_s}},
+        {u"<video poster=a></video><input type=image src=b><svg><image href='c' /></svg>"_s,
+         {u"1:15+1 warning The picture's address is not https: buyers may not see it."_s,
+          u"1:47+1 warning The picture's address is not https: buyers may not see it."_s,
+          u"1:67+1 warning The picture's address is not https: buyers may not see it."_s}},
         {u"<img src=[[LBPicture1]] alt=x><a href=[[LBTitle]] onclick='x()'>x</a>"_s,
          {u"1:51+7 warning Marketplaces do not allow scripts in listings."_s}},
         {u"<img src='[[LBPicture1]]'>"_s,
@@ -145,11 +176,14 @@ TEST(HtmlCheck, ManyFindingsAreCutShort)
     ASSERT_EQ(qsizetype(grave.size()), LSMHtmlCheck::mostFindings + 1);
     EXPECT_EQ(grave[grave.size() - 2].level, LSMFinding::Level::Error);
     EXPECT_EQ(grave.back().text, u"One more finding is not listed."_s);
+
+    const LSMFindings many = LSMHtmlCheck::findings(u"&a;"_s.repeated(12'000), {});
+    EXPECT_EQ(many.back().text, u"11000 more findings are not listed."_s);
 }
 
 TEST(HtmlCheck, WhatLibtidyDiesOfHarmsNobody)
 {
-    const QString gaveUp = u"0:0+0 note The form of the HTML is too odd to be checked."_s;
+    const QString gaveUp = u"0:0+0 warning The form of the HTML is too odd to be checked."_s;
     EXPECT_EQ(found(u"<table><tr><td>"_s.repeated(100'000)), QStringList{gaveUp});
     const QString endless = u"<tr><dl></table>"_s;
     EXPECT_EQ(found(endless), QStringList{gaveUp});
@@ -177,7 +211,7 @@ TEST(HtmlCheck, TheTimeGrowsWithTheLengthAlone)
         EXPECT_FALSE(found(html).isEmpty()) << html.left(20).toStdString();
     EXPECT_LT(timer.elapsed(), 60'000); // with its square it takes minutes
     EXPECT_EQ(found(QString(LSMHtmlCheck::longestHtml + 1, u'<')),
-              QStringList{u"0:0+0 note The HTML is too long to be checked."_s});
+              QStringList{u"0:0+0 warning The HTML is too long to be checked."_s});
 }
 
 TEST(HtmlCheck, AStoppedCheckComesBackSoon)

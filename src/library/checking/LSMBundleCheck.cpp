@@ -184,18 +184,22 @@ QVariantMap LSMBundleCheck::checkInfo(const QString &path)
         return {};
     }
 
-    const auto checkTypes = [&](const QVariantMap &values, std::span<const KnownKey> keys) {
+    // `place` is what they are the values of, where they stand within another.
+    const auto checkTypes = [&](const QVariantMap &values, std::span<const KnownKey> keys,
+                                const QString &place = {}) {
         for (const auto &[key, kind] : keys) {
             if (values.contains(key) && !isKind(values.value(key), kind))
                 add(file, Error,
-                    platform::format(localized("%@ must be %@."), QString(key), kindName(kind)));
+                    platform::format(localized("%@ must be %@."), place + key, kindName(kind)));
         }
     };
     const QVariantMap values = info->root.toMap();
     checkTypes(values, infoKeys);
-    checkTypes(values.value(store).toMap(), storeKeys);
-    for (const QVariant &record : values.value(properties).toList())
-        checkTypes(record.toMap(), propertyKeys);
+    checkTypes(values.value(store).toMap(), storeKeys, store + u'.');
+    const QVariantList records = values.value(properties).toList();
+    for (qsizetype i = 0; i < records.size(); ++i)
+        checkTypes(records[i].toMap(), propertyKeys,
+                   platform::format(QStringLiteral("%@[%ld]."), QString(properties), i));
 
     const auto text = [&values](QLatin1StringView key) {
         const QVariant value = values.value(key);

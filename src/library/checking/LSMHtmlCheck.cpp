@@ -20,6 +20,27 @@ namespace LSMHtmlCheck {
 namespace {
 
 constexpr qsizetype bracketLength = 2;
+constexpr qsizetype mostMessages =
+    10 * mostFindings; ///< Of libtidy, which tells no grave ones first.
+
+/// Where HTML has the address of one picture.
+struct PictureAddress
+{
+    QLatin1StringView tag; ///< Empty: any.
+    QLatin1StringView attribute;
+};
+
+constexpr PictureAddress pictureAddresses[] = {
+    {"img"_L1, "src"_L1},          {"input"_L1, "src"_L1},    {"image"_L1, "href"_L1},
+    {"image"_L1, "xlink:href"_L1}, {"video"_L1, "poster"_L1}, {""_L1, "background"_L1},
+};
+
+bool isPictureAddress(const LSMHtmlTags::Tag &tag, const LSMHtmlTags::Attribute &attribute)
+{
+    return std::ranges::any_of(pictureAddresses, [&](const PictureAddress &one) {
+        return attribute.is(one.attribute) && (one.tag.isEmpty() || tag.is(one.tag));
+    });
+}
 
 /// One check of one text.
 class Check
@@ -35,7 +56,6 @@ public:
     {
         checkBrackets();
         checkTags();
-        checkStyles();
         if (!m_stop.stop_requested())
             checkForm();
         sortByPlace();
@@ -67,12 +87,15 @@ private:
     // The gravest stay.
     void leaveOutMany()
     {
-        const qsizetype more = qsizetype(m_findings.size()) - mostFindings;
-        if (more <= 0)
+        qsizetype more = m_leftOut;
+        if (qsizetype(m_findings.size()) > mostFindings) {
+            more += qsizetype(m_findings.size()) - mostFindings;
+            std::ranges::stable_sort(m_findings, std::greater(), &LSMFinding::level);
+            m_findings.resize(size_t(mostFindings));
+            sortByPlace();
+        }
+        if (more == 0)
             return;
-        std::ranges::stable_sort(m_findings, std::greater(), &LSMFinding::level);
-        m_findings.resize(size_t(mostFindings));
-        sortByPlace();
         m_findings.push_back(
             {{},
              Note,
@@ -84,13 +107,15 @@ private:
     void checkBrackets();
     void checkUnclosed(TextRange range); ///< Brackets without an end; the range has no others.
     void checkParts(const LSMPlaceholders::Bracketed &found);
+    void checkExpression(const LSMPlaceholders::Bracketed &found);
     void checkNames(const LSMPlaceholders::Bracketed &found);
     void checkDefaultLayout(const LSMPlaceholders::Bracketed &found);
     void checkTags();
-    void checkPicture(const LSMHtmlTags::Tag &tag);
+    void checkPictures(const LSMHtmlTags::Tag &tag);
+    void checkPictureSet(QStringView set); ///< Of several sizes, in the HTML.
+    void checkStyle(QStringView css);      ///< In the HTML.
     void checkScript(const LSMHtmlTags::Tag &tag);
     void checkAddress(QStringView address); ///< Of a picture, in the HTML.
-    void checkStyles();
     void checkForm();
     QStringView original(QStringView inPlain) const;
     bool hasBrackets(TextRange range) const { return original(range).contains(u"[["); }
@@ -106,10 +131,20 @@ private:
     std::stop_token m_stop;
     platform::TextStorage m_lines;
     LSMFindings m_findings;
+    qsizetype m_leftOut = 0;       // of the findings
     std::vector<TextRange> m_open; // parts, by what begins them
     bool m_hasParts = false;
     QString m_defaultLayout;
 };
+
+/// Its closing brackets are those of something else, further down.
+bool isCutOff(const LSMPlaceholders::Bracketed &found)
+{
+    static const QRegularExpression tag(u"<[/!a-z]"_s, QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression lineEnd(u"[\\r\\n]"_s);
+    return found.inside.contains(tag) ||
+           (found.inside.contains(lineEnd) && !(found.beginsPart() && found.isReadable()));
+}
 
 void Check::checkBrackets()
 {
@@ -119,11 +154,15 @@ void Check::checkBrackets()
             return;
         checkUnclosed(TextRange::between(at, found->start));
         at = found->end;
+        checkParts(*found);
+        if (isCutOff(*found)) {
+            checkUnclosed(TextRange::between(found->start, found->end));
+            continue;
+        }
         const bool isValue = found->start > 0 && m_plain[found->start - 1] == u'=';
         std::fill(m_plain.begin() + found->start, m_plain.begin() + at,
                   QChar(isValue ? u'x' : u' '));
-        checkParts(*found);
-        checkNames(*found);
+        checkExpression(*found);
         checkDefaultLayout(*found);
     }
     checkUnclosed(TextRange::between(at, m_html.size()));
@@ -163,6 +202,19 @@ void Check::checkParts(const LSMPlaceholders::Bracketed &found)
     } else if (found.endsPart()) {
         m_open.pop_back();
     }
+}
+
+void Check::checkExpression(const LSMPlaceholders::Bracketed &found)
+{
+    static const QRegularExpression meant(u"^\\s*(?:LB|if\\b|endif\\b|else)"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+    const TextRange range = TextRange::between(found.start, found.end);
+    if (found.isReadable())
+        checkNames(found);
+    else if (found.beginsPart())
+        add(range, Warning, localized("The condition cannot be read: the part is never there."));
+    else if (found.inside.contains(meant))
+        add(range, Warning, localized("This is no placeholder: buyers would see it as it stands."));
 }
 
 void Check::checkNames(const LSMPlaceholders::Bracketed &found)
@@ -206,29 +258,56 @@ void Check::checkTags()
 {
     LSMHtmlTags::forEachTag(m_plain, [this](const LSMHtmlTags::Tag &tag) {
         if (!tag.isEnd) {
-            checkPicture(tag);
+            checkPictures(tag);
             checkScript(tag);
         }
         return !m_stop.stop_requested();
     });
 }
 
-void Check::checkPicture(const LSMHtmlTags::Tag &tag)
+void Check::checkPictures(const LSMHtmlTags::Tag &tag)
 {
-    const bool isPicture = tag.is("img"_L1);
-    const auto *address = isPicture ? tag.attribute("src"_L1) : tag.attribute("background"_L1);
-    if (address && !address->value.isNull())
-        checkAddress(original(address->value).trimmed());
-    if (isPicture && !tag.attribute("alt"_L1))
+    for (const LSMHtmlTags::Attribute &attribute : tag.attributes) {
+        if (attribute.value.isNull())
+            continue;
+        const QStringView value = original(attribute.value);
+        if (isPictureAddress(tag, attribute))
+            checkAddress(value.trimmed());
+        else if (attribute.is("srcset"_L1))
+            checkPictureSet(value);
+        else if (attribute.is("style"_L1))
+            checkStyle(value);
+    }
+    if (tag.is("style"_L1))
+        checkStyle(original(tag.rawText));
+    if (tag.is("img"_L1) && !tag.attribute("alt"_L1))
         add(TextRange::between(tag.start, tag.end), Note,
             localized("The picture has no text (alt) for those who cannot see it."));
+}
+
+void Check::checkPictureSet(QStringView set)
+{
+    static const QRegularExpression start(u"(?:^|,)\\s*([^\\s,]\\S*?)(?=,?(?:\\s|$))"_s);
+    for (auto match = start.globalMatch(set); match.hasNext();)
+        checkAddress(match.next().capturedView(1));
+}
+
+void Check::checkStyle(QStringView css)
+{
+    static const QRegularExpression commentOrAddress(
+        u"/\\*.*?(?:\\*/|$)|url\\(\\s*(?|\"([^\"]*)|'([^']*)|&quot;(.*?)(?:&quot;|$)|"
+        "&#39;(.*?)(?:&#39;|$)|([^\\s)]*))"_s,
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    for (auto match = commentOrAddress.globalMatch(css);
+         match.hasNext() && !m_stop.stop_requested();)
+        checkAddress(match.next().capturedView(1));
 }
 
 void Check::checkAddress(QStringView address)
 {
     if (address.isEmpty())
         return; // which is a fault of form
-    for (const QStringView good : {u"https:", u"data:", u"[["}) {
+    for (const QStringView good : {u"https:", u"data:", u"[[", u"#"}) {
         if (address.startsWith(good, Qt::CaseInsensitive))
             return;
     }
@@ -252,27 +331,17 @@ void Check::checkScript(const LSMHtmlTags::Tag &tag)
     }
 }
 
-// Pictures that a style sheet asks for.
-void Check::checkStyles()
-{
-    static const QRegularExpression plainAddress(u"url\\(\\s*[\"']?(http:[^\\s\"')]*)"_s,
-                                                 QRegularExpression::CaseInsensitiveOption);
-    for (auto match = plainAddress.globalMatch(m_plain);
-         match.hasNext() && !m_stop.stop_requested();) {
-        const QRegularExpressionMatch found = match.next();
-        add({found.capturedStart(1), found.capturedLength(1)}, Warning,
-            localized("The picture's address is not https: buyers may not see it."));
-    }
-}
-
 // An expression in a tag may be a value, and parts that exclude each other may use a name twice.
 void Check::checkForm()
 {
-    const auto messages = LSMTidy::messages(m_plain, mostFindings, m_stop);
+    const auto messages = LSMTidy::messages(m_plain, mostMessages, m_stop);
     if (!messages && !m_stop.stop_requested())
         m_findings.push_back(
-            {{}, Note, localized("The form of the HTML is too odd to be checked."), 0, 0, 0});
-    for (const LSMTidy::Message &message : messages.value_or(std::vector<LSMTidy::Message>())) {
+            {{}, Warning, localized("The form of the HTML is too odd to be checked."), 0, 0, 0});
+    if (!messages)
+        return;
+    m_leftOut = messages->leftOut;
+    for (const LSMTidy::Message &message : messages->list) {
         const TextRange tag = tagAt(message.index);
         const bool isOfExpression =
             message.isAboutAttribute &&
@@ -296,16 +365,18 @@ TextRange Check::tagAt(qsizetype index) const
 Context Context::of(const QVariantMap &info)
 {
     Context context;
-    for (const QVariant &record : info.value(LSMDesignKeys::properties).toList())
-        context.properties.insert(
-            LSMPlaceholders::nameOfProperty(record.toMap().value(u"name"_s).toString()));
+    for (const QVariant &record : info.value(LSMDesignKeys::properties).toList()) {
+        const QString name = record.toMap().value(LSMDesignKeys::propertyName).toString();
+        if (!name.isEmpty())
+            context.properties.insert(LSMPlaceholders::nameOfProperty(name));
+    }
     return context;
 }
 
 LSMFindings findings(const QString &html, const Context &context, const std::stop_token &stop)
 {
     if (html.size() > longestHtml)
-        return {{{}, Note, localized("The HTML is too long to be checked."), 0, 0, 0}};
+        return {{{}, Warning, localized("The HTML is too long to be checked."), 0, 0, 0}};
     return Check(html, context, stop).findings();
 }
 

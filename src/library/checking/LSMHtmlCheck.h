@@ -9,7 +9,8 @@
 /// placeholders and layouts; of the places where listings are shown, for pictures and scripts. HTML
 /// that stands in parts which exclude each other is read as if all of it were there.
 ///
-/// Pure functions; any thread. Once stopped they come back soon, with less than there is.
+/// Functions of their arguments alone; any thread. Once stopped they come back soon, with less than
+/// there is.
 namespace LSMHtmlCheck {
 
 /// What the rest of the design says.

@@ -49,15 +49,10 @@ public:
         while (toAttribute())
             tag.attributes.push_back(attribute());
         tag.end = m_at;
+        if (!tag.isEnd &&
+            (tag.is(QLatin1StringView("script")) || tag.is(QLatin1StringView("style"))))
+            tag.rawText = rawText(tag.name);
         return tag;
-    }
-
-    /// Behind what is no HTML.
-    void skipRawText(QStringView tagName)
-    {
-        const QString end = QStringLiteral("</") + tagName.toString();
-        const qsizetype found = m_html.indexOf(end, m_at, Qt::CaseInsensitive);
-        m_at = found < 0 ? m_html.size() : found;
     }
 
 private:
@@ -67,6 +62,15 @@ private:
     {
         const qsizetype found = m_html.indexOf(text, from);
         m_at = found < 0 ? m_html.size() : found + text.size();
+    }
+
+    QStringView rawText(QStringView tagName)
+    {
+        const qsizetype start = m_at;
+        const QString end = QStringLiteral("</") + tagName.toString();
+        const qsizetype found = m_html.indexOf(end, m_at, Qt::CaseInsensitive);
+        m_at = found < 0 ? m_html.size() : found;
+        return m_html.sliced(start, m_at - start);
     }
 
     QStringView word()
@@ -130,6 +134,11 @@ private:
 
 } // namespace
 
+bool Attribute::is(QLatin1StringView attributeName) const
+{
+    return name.compare(attributeName, Qt::CaseInsensitive) == 0;
+}
+
 bool Tag::is(QLatin1StringView tagName) const
 {
     return name.compare(tagName, Qt::CaseInsensitive) == 0;
@@ -137,21 +146,16 @@ bool Tag::is(QLatin1StringView tagName) const
 
 const Attribute *Tag::attribute(QLatin1StringView attributeName) const
 {
-    const auto found = std::ranges::find_if(attributes, [&](const Attribute &attribute) {
-        return attribute.name.compare(attributeName, Qt::CaseInsensitive) == 0;
-    });
+    const auto found = std::ranges::find_if(
+        attributes, [&](const Attribute &attribute) { return attribute.is(attributeName); });
     return found == attributes.end() ? nullptr : &*found;
 }
 
 void forEachTag(QStringView html, const std::function<bool(const Tag &)> &function)
 {
     for (Reader reader(html); reader.toTag();) {
-        const Tag tag = reader.tag();
-        if (!function(tag))
+        if (!function(reader.tag()))
             return;
-        if (!tag.isEnd &&
-            (tag.is(QLatin1StringView("script")) || tag.is(QLatin1StringView("style"))))
-            reader.skipRawText(tag.name);
     }
 }
 

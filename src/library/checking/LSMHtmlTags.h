@@ -5,14 +5,16 @@
 #include <vector>
 
 /// The tags of a piece of HTML as they are written, well-formed or not: no tree is made of them.
-/// Comments, and what stands within `<script>` and `<style>`, are passed over. Pure functions; any
-/// thread; time in proportion to the text.
+/// Comments are passed over, and no tags are looked for within `<script>` and `<style>`. Pure
+/// functions; any thread; time in proportion to the text.
 namespace LSMHtmlTags {
 
 struct Attribute
 {
     QStringView name;  ///< As it is written.
     QStringView value; ///< Without its quotes; null where there is none.
+
+    bool is(QLatin1StringView attributeName) const; ///< In any case.
 };
 
 struct Tag
@@ -22,6 +24,7 @@ struct Tag
     QStringView name;    ///< As it is written, without "/".
     bool isEnd = false;
     std::vector<Attribute> attributes;
+    QStringView rawText; ///< Of `<script>` and `<style>`: all up to the end tag.
 
     bool is(QLatin1StringView tagName) const; ///< In any case.
     const Attribute *attribute(QLatin1StringView attributeName) const;

@@ -1,11 +1,11 @@
 #include "library/checking/LSMTidy.h"
 
 #include "platform/Bundle.h"
-#include "platform/IsolatedRun.h"
+#include "platform/Format.h"
+#include "platform/ProgramRun.h"
 
+#include <QCoreApplication>
 #include <QSet>
-#include <tidy/tidy.h>
-#include <tidy/tidybuffio.h>
 
 using platform::localizable;
 using platform::localized;
@@ -35,9 +35,17 @@ struct Wording
 constexpr Wording wordings[] = {
     {"ANCHOR_NOT_UNIQUE", Warning, Subject::Attribute,
      localizable("%@ has the name “%@”, which another has already.")},
+    {"CONTENT_AFTER_BODY", Warning, Subject::Tag, localizable("HTML stands behind </body>.")},
     {"COERCE_TO_ENDTAG", Warning, Subject::Tag,
      localizable("The <%@> behind this one should probably be </%@>.")},
     {"DISCARDING_UNEXPECTED", Warning, Subject::Tag, localizable("%@ has no place here.")},
+    {"DOCTYPE_AFTER_TAGS", Warning, Subject::Tag,
+     localizable("The document type must stand in front of everything else.")},
+    {"ILLEGAL_NESTING", Warning, Subject::Tag,
+     localizable("%@ must not stand in one of its own kind.")},
+    {"INVALID_ATTRIBUTE", Warning, Subject::Attribute,
+     localizable("%@ cannot have an attribute “%@”.")},
+    {"INVALID_NCR", Warning, Subject::Tag, localizable("This number means no character.")},
     {"JOINING_ATTRIBUTE", Warning, Subject::Attribute,
      localizable("%@ has the attribute “%@” more than once.")},
     {"MALFORMED_COMMENT_EOS", Error, Subject::Tag, localizable("The comment has no end.")},
@@ -46,6 +54,7 @@ constexpr Wording wordings[] = {
     {"MISSING_ENDTAG_BEFORE", Warning, Subject::Tag, localizable("</%@> is missing before %@.")},
     {"MISSING_ENDTAG_FOR", Warning, Subject::Tag, localizable("</%@> is missing.")},
     {"MISSING_SEMICOLON", Warning, Subject::Tag, localizable("“%@” does not end with “;”.")},
+    {"MISSING_STARTTAG", Warning, Subject::Tag, localizable("<%@> is missing here.")},
     {"NON_MATCHING_ENDTAG", Warning, Subject::Tag,
      localizable("This element is not ended by an end tag of its own.")},
     {"REPLACING_ELEMENT", Warning, Subject::Tag, localizable("%@ has no place here.")},
@@ -55,8 +64,13 @@ constexpr Wording wordings[] = {
     {"TAG_NOT_ALLOWED_IN", Warning, Subject::Tag, localizable("%@ must not stand in %@.")},
     {"UNEXPECTED_END_OF_FILE_ATTR", Error, Subject::Tag,
      localizable("%@ has no end; a quotation mark may be missing.")},
+    {"UNEXPECTED_EQUALSIGN", Warning, Subject::Attribute,
+     localizable("%@ has a “=” without the name of an attribute.")},
     {"UNEXPECTED_GT", Warning, Subject::Tag, localizable("%@ has no “>” at its end.")},
+    {"UNEXPECTED_QUOTEMARK", Error, Subject::Attribute,
+     localizable("%@ has a quotation mark that belongs to nothing.")},
     {"UNKNOWN_ELEMENT", Error, Subject::Tag, localizable("HTML knows no %@.")},
+    {"UNKNOWN_ELEMENT_LOOKS_CUSTOM", Error, Subject::Tag, localizable("HTML knows no %@.")},
     {"UNKNOWN_ENTITY", Warning, Subject::Tag,
      localizable("“%@” means no character; a plain “&” is written “&amp;”.")},
     // What is a consequence of another fault, a matter of taste, or told better elsewhere.
@@ -79,6 +93,9 @@ constexpr Wording wordings[] = {
     {"MISSING_QUOTEMARK", Note, Subject::Attribute, nullptr},
     {"MISSING_QUOTEMARK_OPEN", Note, Subject::Attribute, nullptr},
     {"MISSING_TITLE_ELEMENT", Note, Subject::Tag, nullptr},
+    {"NESTED_EMPHASIS", Note, Subject::Tag, nullptr},
+    {"NEWLINE_IN_URI", Note, Subject::Attribute, nullptr},
+    {"OBSOLETE_ELEMENT", Note, Subject::Tag, nullptr},
     {"PREVIOUS_LOCATION", Note, Subject::Tag, nullptr},
     {"PROPRIETARY_ATTRIBUTE", Note, Subject::Attribute, nullptr},
     {"PROPRIETARY_ELEMENT", Note, Subject::Tag, nullptr},
@@ -123,70 +140,9 @@ std::vector<qsizetype> lineStarts(const QString &text)
     return starts;
 }
 
-// What the copy hands over: records of fields. None of these stands in a countable text.
+// What the program hands over: records of fields. None of these stands in a countable text.
 constexpr char recordEnd = '\x1e';
 constexpr char fieldEnd = '\x1f';
-
-/// Runs libtidy, in the copy. Line, column, key, libtidy's own text, and its arguments.
-class Run
-{
-public:
-    explicit Run(qsizetype most) : m_left(most), m_document(tidyCreate())
-    {
-        tidySetAppData(m_document, this);
-        tidySetMessageCallback(m_document, &Run::receive);
-        tidySetCharEncoding(m_document, "utf8");
-        tidyOptSetValue(m_document, TidyBodyOnly, "yes");
-        tidyOptSetBool(m_document, TidyDropEmptyElems, no);
-        tidyOptSetInt(m_document, TidyShowErrors, unsigned(most));
-    }
-    ~Run() { tidyRelease(m_document); }
-    Q_DISABLE_COPY_MOVE(Run)
-
-    QByteArray records(const QByteArray &html)
-    {
-        TidyBuffer buffer;
-        tidyBufInit(&buffer);
-        tidyBufAttach(&buffer, reinterpret_cast<byte *>(const_cast<char *>(html.constData())),
-                      unsigned(html.size()));
-        tidyParseBuffer(m_document, &buffer);
-        tidyBufDetach(&buffer);
-        return m_records;
-    }
-
-private:
-    static Bool TIDY_CALL receive(TidyMessage message)
-    {
-        static_cast<Run *>(tidyGetAppData(tidyGetMessageDoc(message)))->add(message);
-        return no; // it goes nowhere else
-    }
-
-    void add(TidyMessage message)
-    {
-        const char *key = tidyGetMessageKey(message);
-        const Wording *wording = wordingOf(key);
-        const TidyReportLevel level = tidyGetMessageLevel(message);
-        if ((wording && !wording->text) ||
-            (!wording && level != TidyWarning && level != TidyError) || m_left-- <= 0)
-            return;
-        addField(QByteArray::number(tidyGetMessageLine(message)));
-        addField(QByteArray::number(tidyGetMessageColumn(message)));
-        addField(key);
-        addField(tidyGetMessageDefault(message));
-        for (TidyIterator next = tidyGetMessageArguments(message); next;) {
-            TidyMessageArgument argument = tidyGetNextMessageArgument(message, &next);
-            if (tidyGetArgType(message, &argument) == tidyFormatType_STRING)
-                addField(tidyGetArgValueString(message, &argument));
-        }
-        m_records += recordEnd;
-    }
-
-    void addField(const QByteArray &field) { m_records += field + fieldEnd; }
-
-    qsizetype m_left;
-    QByteArray m_records;
-    TidyDoc m_document;
-};
 
 QString filled(QString text, const QByteArrayList &arguments)
 {
@@ -202,6 +158,23 @@ QString filled(QString text, const QByteArrayList &arguments)
     return text;
 }
 
+/// layoutsmith-tidy's, beside the other modules of the program.
+QString programPath()
+{
+    return QCoreApplication::applicationDirPath() +
+           QStringLiteral("/../lib/layoutsmith/layoutsmith-tidy");
+}
+
+QStringList argumentsFor(qsizetype most)
+{
+    QStringList arguments{QString::number(most)};
+    for (const Wording &wording : wordings) {
+        if (!wording.text)
+            arguments << QLatin1StringView(wording.key);
+    }
+    return arguments;
+}
+
 Message messageOf(const QByteArrayList &fields, const std::vector<qsizetype> &starts)
 {
     const auto line = std::clamp<qsizetype>(fields.value(0).toInt(), 1, qsizetype(starts.size()));
@@ -210,18 +183,27 @@ Message messageOf(const QByteArrayList &fields, const std::vector<qsizetype> &st
     return {starts[size_t(line) - 1] + qMax<qsizetype>(1, fields.value(1).toInt()) - 1,
             wording ? wording->level : Warning,
             wording ? filled(localized(wording->text), fields.mid(4))
-                    : QString::fromUtf8(fields.value(3)),
+                    : platform::format(localized("The checker of HTML says: %@"),
+                                       QString::fromUtf8(fields.value(3))),
             key, wording && wording->subject == Subject::Attribute};
 }
 
-/// What libtidy says of its own repairs tells nothing new.
-class Repairs
+/// Tells what is new from what libtidy says twice, or of its own repairs.
+class News
 {
 public:
-    explicit Repairs(const QString &text) : m_text(text) {}
+    explicit News(const QString &text) : m_text(text) {}
 
     /// To be asked about each message in turn.
-    bool isAbout(const QByteArrayList &fields, const Message &message)
+    bool isNew(const QByteArrayList &fields, const Message &message)
+    {
+        return !isOfRepair(fields, message) &&
+               std::exchange(m_last, {message.index, message.text}) !=
+                   std::pair(message.index, message.text);
+    }
+
+private:
+    bool isOfRepair(const QByteArrayList &fields, const Message &message)
     {
         const QByteArray name = fields.value(4);
         if (message.key == "UNKNOWN_ELEMENT")
@@ -231,7 +213,6 @@ public:
         return message.key.startsWith("MISSING_ENDTAG") && !isTagThere(message.index, name);
     }
 
-private:
     // It opens what was not closed in time once more, in what follows.
     bool isTagThere(qsizetype index, const QByteArray &name) const
     {
@@ -241,32 +222,30 @@ private:
 
     const QString &m_text;
     QSet<QByteArray> m_unknownTags;
+    std::pair<qsizetype, QString> m_last{-1, {}};
 };
 
 } // namespace
 
-std::optional<std::vector<Message>> messages(const QString &html, qsizetype most,
-                                             const std::stop_token &stop)
+std::optional<Messages> messages(const QString &html, qsizetype most, const std::stop_token &stop)
 {
     const QString text = countable(html);
-    const QByteArray bytes = text.toUtf8();
-    const auto records = platform::runIsolated(
-        [&bytes, most] { return Run(most).records(bytes); },
+    const auto output = platform::outputOfProgram(
+        programPath(), argumentsFor(most), text.toUtf8(),
         std::chrono::ceil<std::chrono::milliseconds>(patience + patiencePerCharacter * text.size()),
         stop);
-    if (!records)
+    if (!output)
         return std::nullopt;
+    QByteArrayList records = output->split(recordEnd);
+    Messages messages{{}, records.takeLast().toLongLong()};
     const std::vector<qsizetype> starts = lineStarts(text);
-    std::vector<Message> messages;
-    Repairs repairs(text);
-    for (const QByteArray &record : records->split(recordEnd)) {
-        if (record.isEmpty())
-            continue;
+    News news(text);
+    for (const QByteArray &record : records) {
         const QByteArrayList fields = record.split(fieldEnd);
         Message message = messageOf(fields, starts);
         message.index = qMin(message.index, html.size());
-        if (!repairs.isAbout(fields, message))
-            messages.push_back(std::move(message));
+        if (news.isNew(fields, message))
+            messages.list.push_back(std::move(message));
     }
     return messages;
 }

@@ -10,8 +10,8 @@
 ///
 /// There are texts that libtidy 5.6 dies of, such as a table in a table in a table, thirty thousand
 /// deep, and short ones that it never comes back from, such as `<tr><dl></table>`. Neither can be
-/// told beforehand, and a thread that hangs cannot be ended: so it works in a copy of the process
-/// (platform/IsolatedRun.h). Any thread, several at a time.
+/// told beforehand, and a thread that hangs cannot be ended: so it works in a program of its own
+/// (tidy/main.cpp). Any thread, several at a time.
 namespace LSMTidy {
 
 /// Found at an index of the HTML. `isAboutAttribute`: it is about one of the tag there, not about
@@ -25,9 +25,14 @@ struct Message
     bool isAboutAttribute = false;
 };
 
-/// At most as many as asked for, in the order in which libtidy finds them. Nullopt when it has
-/// given up on the text, or was stopped.
-std::optional<std::vector<Message>> messages(const QString &html, qsizetype most,
-                                             const std::stop_token &stop = {});
+struct Messages
+{
+    std::vector<Message> list; ///< In the order in which libtidy finds them.
+    qsizetype leftOut = 0;     ///< How many more there would be, at most.
+};
+
+/// At most as many as asked for. Nullopt when it has given up on the text, or was stopped.
+std::optional<Messages> messages(const QString &html, qsizetype most,
+                                 const std::stop_token &stop = {});
 
 } // namespace LSMTidy
