@@ -21,7 +21,17 @@ namespace {
 const QString KMGSColourSchemesFolder = QStringLiteral("Colour Schemes");
 const QString KMGSColourSchemeExt = QStringLiteral("plist");
 
+constexpr qsizetype longestTitle = 60; // characters
+
 using Scheme = MGSColourSchemeController::Scheme;
+
+/// A name for the menu: in one line, and never empty.
+QString titleOf(const MGSColourScheme &scheme)
+{
+    const QString name = scheme.displayName().simplified();
+    const QString title = name.isEmpty() ? QFileInfo(scheme.sourceFile()).fileName() : name;
+    return title.size() > longestTitle ? title.left(longestTitle - 1) + u'…' : title;
+}
 
 } // namespace
 
@@ -41,6 +51,7 @@ MGSColourSchemeController::MGSColourSchemeController(QObject *parent, Places pla
       m_saveController(std::make_unique<MGSColourSchemeSaveController>())
 {
     setParent(parent);
+    m_places.applicationSupport = QDir::cleanPath(m_places.applicationSupport);
     loadColourSchemes();
     connect(this, &ArrayController::selectionIndexesDidChange, this,
             &MGSColourSchemeController::selectionDidChange);
@@ -79,7 +90,7 @@ void MGSColourSchemeController::updateMenu()
 {
     m_schemeMenu->clear();
     for (const Scheme &scheme : colourSchemes())
-        m_schemeMenu->addItem(scheme->displayName());
+        m_schemeMenu->addItem(titleOf(*scheme));
     m_schemeMenu->setCurrentIndex(int(selectionIndexes().value(0, -1)));
 }
 
@@ -244,17 +255,21 @@ void MGSColourSchemeController::addDeleteButtonAction()
     const Scheme scheme = m_currentScheme;
     if (currentSchemeIsCustom()) {
         m_saveController->setSchemeName(localized("New Scheme"));
-        m_saveController->showSchemeNameGetter(m_parentView,
-                                               [this, custom = *scheme](bool confirmed) {
-                                                   if (confirmed)
-                                                       saveScheme(custom);
-                                               });
+        askForName(*scheme);
     } else if (scheme && !scheme->isLoadedFromBundle()) {
         m_saveController->showDeleteConfirmation(m_parentView, [this, scheme](bool confirmed) {
             if (confirmed)
                 deleteScheme(scheme);
         });
     }
+}
+
+void MGSColourSchemeController::askForName(const MGSColourScheme &scheme)
+{
+    m_saveController->showSchemeNameGetter(m_parentView, [this, scheme](bool confirmed) {
+        if (confirmed)
+            saveScheme(scheme);
+    });
 }
 
 // A scheme of the user's that is in the file already gives way only if the user says so.
@@ -267,7 +282,7 @@ void MGSColourSchemeController::saveScheme(MGSColourScheme scheme)
                         localized("There is a scheme in the file \"%@\" already."),
                         localized("Replace"), localized("Cancel"), {},
                         QFileInfo(path).fileName()) != ZQAlertFirstButtonReturn)
-        return;
+        return askForName(scheme);
     scheme.setDisplayName(m_saveController->schemeName());
     platform::Error error;
     QDir().mkpath(usersFolder());

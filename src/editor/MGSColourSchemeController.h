@@ -83,6 +83,7 @@ private:
     QList<Scheme> savedSchemes() const;
     QString usersFolder() const;
     void replaceSchemes(const QList<Scheme> &saved);
+    void askForName(const MGSColourScheme &scheme); ///< To save it by.
     void saveScheme(MGSColourScheme scheme);
     void deleteScheme(const Scheme &scheme);
     void updateMenu();

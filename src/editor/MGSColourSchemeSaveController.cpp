@@ -33,8 +33,10 @@ void MGSColourSchemeSaveController::showSchemeNameGetter(QWidget *parent,
             });
     connect(ui.bSave, &QPushButton::clicked, this, [this] { closeSheet(true); });
     connect(ui.bCancel, &QPushButton::clicked, this, [this] { closeSheet(false); });
-    connect(m_sheet, &QDialog::finished, this,
-            [completion](int result) { completion(result == QDialog::Accepted); });
+    connect(m_sheet, &QDialog::finished, this, [this, completion](int result) {
+        m_sheet = nullptr; // it deletes itself, and may be asked for again
+        completion(result == QDialog::Accepted);
+    });
     m_sheet->open();
 }
 

@@ -47,6 +47,7 @@ void MGSFragariaView::settingDidChange(const QString &name, const QVariant &valu
     Q_EMIT settingsDidChange();
 }
 
+// An owner may limit what it is given: a binding is told what came of it.
 #define MGS_FRAGARIA_FORWARD_AS(type, name, Name, owner, getter, setter)                           \
     type MGSFragariaView::name() const                                                             \
     {                                                                                              \
@@ -55,7 +56,7 @@ void MGSFragariaView::settingDidChange(const QString &name, const QVariant &valu
     void MGSFragariaView::set##Name(const type &value)                                             \
     {                                                                                              \
         owner()->setter(value);                                                                    \
-        settingDidChange(QStringLiteral(#name), QVariant::fromValue(value));                       \
+        settingDidChange(QStringLiteral(#name), QVariant::fromValue(name()));                      \
     }
 #define MGS_FRAGARIA_FORWARD(type, name, Name, owner)                                              \
     MGS_FRAGARIA_FORWARD_AS(type, name, Name, owner, name, set##Name)
@@ -68,7 +69,7 @@ void MGSFragariaView::settingDidChange(const QString &name, const QVariant &valu
     void MGSFragariaView::set##Name(const type &value)                                             \
     {                                                                                              \
         owner()->setProperty(#name, value);                                                        \
-        settingDidChange(QStringLiteral(#name), QVariant::fromValue(value));                       \
+        settingDidChange(QStringLiteral(#name), QVariant::fromValue(name()));                      \
     }
 
 MGS_FRAGARIA_PROPERTIES(MGS_FRAGARIA_FORWARD, MGS_FRAGARIA_FORWARD_AS,

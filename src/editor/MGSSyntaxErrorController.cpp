@@ -12,11 +12,16 @@ namespace {
 
 constexpr int popoverMargin = 6; // pixels
 
+QColor paleYellow()
+{
+    return QColor::fromRgbF(1.0F, 1.0F, 0.7F);
+}
+
 } // namespace
 
 MGSSyntaxErrorController::MGSSyntaxErrorController(QObject *parent) : QObject(parent)
 {
-    m_highlighter.setLook({QColor::fromRgbF(1.0F, 1.0F, 0.7F)});
+    m_highlighter.setLook({paleYellow()});
 }
 
 void MGSSyntaxErrorController::setSyntaxErrors(const QVariantList &errors)
@@ -43,7 +48,7 @@ void MGSSyntaxErrorController::setShowsIndividualErrors(bool shows)
 
 void MGSSyntaxErrorController::setDefaultSyntaxErrorHighlightingColour(const QColor &colour)
 {
-    setLook({colour, showsIndividualErrors()});
+    setLook({colour.isValid() ? colour : paleYellow(), showsIndividualErrors()});
 }
 
 void MGSSyntaxErrorController::setLook(const MGSErrorHighlighter::Look &look)
@@ -64,8 +69,10 @@ void MGSSyntaxErrorController::setLineNumberView(MGSLineNumberView *gutter)
 
 void MGSSyntaxErrorController::setTextView(platform::TextView *textView)
 {
-    if (m_textView)
+    if (m_textView) {
         m_textView->layoutManager()->disconnect(this);
+        m_writer.write(*m_textView->layoutManager(), {});
+    }
     m_textView = textView;
     if (!m_textView)
         return;

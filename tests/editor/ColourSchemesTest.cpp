@@ -76,6 +76,11 @@ protected:
     }
     void save(const QString &name)
     {
+        enter(name);
+        EXPECT_FALSE(button->findChild<QDialog *>());
+    }
+    void enter(const QString &name)
+    {
         button->click();
         auto *sheet = button->findChild<QDialog *>();
         ASSERT_TRUE(sheet);
@@ -86,7 +91,6 @@ protected:
         QTest::keyClicks(field, name);
         QTest::mouseClick(sheet->findChild<QPushButton *>(u"bSave"_s), Qt::LeftButton);
         support::settle();
-        EXPECT_FALSE(button->findChild<QDialog *>());
     }
 
     support::TemporaryHome home;
@@ -162,13 +166,18 @@ TEST_F(ColourSchemes, FilesOfAnyShapeAreReadOrLeftOut)
                                     {u"coloursAutocomplete"_s, u"NO"_s},
                                     {u"stranger"_s, 1}},
                         PropertyList::Format::Binary, usersFile(u".odd.plist"_s));
+    PropertyList::write(QVariantMap{{u"displayName"_s, u"\n"_s}}, PropertyList::Format::Xml,
+                        usersFile(u"nameless.plist"_s));
+    PropertyList::write(QVariantMap{{u"displayName"_s, u"z\n"_s + u"long"_s.repeated(99)}},
+                        PropertyList::Format::Xml, usersFile(u"long.plist"_s));
     open();
-    EXPECT_EQ(listed(), QStringList({u"apple"_s, u"Custom Settings"_s, u"Custom Settings"_s,
-                                     u"Mine"_s, u"Sea"_s}));
+    EXPECT_EQ(listed(),
+              QStringList({u"nameless.plist"_s, u"apple"_s, u"Custom Settings"_s, u"Mine"_s,
+                           u"Sea"_s, u"z "_s + u"long"_s.repeated(14) + u"l…"_s}));
     const QList<MGSColourSchemeController::Scheme> schemes = controller->colourSchemes();
-    EXPECT_EQ(schemes[1]->value(u"backgroundColor"_s), QColor(Qt::red));
+    EXPECT_EQ(schemes[2]->value(u"backgroundColor"_s), QColor(Qt::red));
     for (const QString &ofAnotherType : {u"textColor"_s, u"coloursAutocomplete"_s})
-        EXPECT_EQ(schemes[1]->value(ofAnotherType), MGSColourScheme().value(ofAnotherType));
+        EXPECT_EQ(schemes[2]->value(ofAnotherType), MGSColourScheme().value(ofAnotherType));
 
     const auto load = [this](const QString &name) {
         try {
@@ -296,10 +305,14 @@ TEST_F(ColourSchemes, AnotherSchemeIsReplacedOnlyIfTheUserSaysSoAndAFailureIsTol
     values->setValue(u"backgroundColor"_s, QColor(9, 9, 9));
     const QByteArray before = support::readFile(usersFile(u"Mine.plist"_s));
     support::AlertAnswers answers({ZQAlertSecondButtonReturn, ZQAlertFirstButtonReturn});
-    save(u"Mine"_s);
+    enter(u"Mine"_s);
     EXPECT_EQ(support::readFile(usersFile(u"Mine.plist"_s)), before);
     EXPECT_TRUE(controller->currentSchemeIsCustom());
-    save(u"Mine"_s);
+    auto *again = button->findChild<QDialog *>();
+    ASSERT_TRUE(again) << "to choose another name";
+    EXPECT_EQ(again->findChild<QLineEdit *>()->text(), u"Mine"_s);
+    again->findChild<QPushButton *>(u"bSave"_s)->click();
+    support::settle();
     EXPECT_EQ(answers.shown.size(), 2);
     EXPECT_EQ(listed(), QStringList({u"apple"_s, u"Mine"_s, u"Sea"_s}));
 

@@ -164,6 +164,9 @@ TEST_F(FragariaView, TransformersWorkBothWaysOrSaySo)
     EXPECT_EQ(editor.tabWidth(), 6);
     editor.setTabWidth(8);
     EXPECT_EQ(model.value("width"), 4);
+    mgs_bind(&editor, "indentWidth", &model, "indent");
+    editor.setIndentWidth(4'000'000'000);
+    EXPECT_EQ(model.value("indent"), editor.indentWidth()) << "as it was limited";
 
     platform::ValueTransformer::setValueTransformer(std::make_shared<Doubling>(false), "Doubling");
     mgs_bind(&editor, "pageGuideColumn", &model, "width", {nullptr, "Doubling"});

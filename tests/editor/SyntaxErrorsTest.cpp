@@ -324,9 +324,13 @@ TEST_F(SyntaxErrors, TheLineIsColouredFromEdgeToEdgeBehindTheSelection)
         EXPECT_EQ(pixels().pixel(right, middle(row)), colour) << row;
         EXPECT_EQ(pixels().pixel(0, middle(row)), colour) << row;
     }
+    editor.setDefaultSyntaxErrorHighlightingColour({});
+    EXPECT_EQ(editor.defaultSyntaxErrorHighlightingColour().rgb(), colour) << "none is the usual";
     view.setSelectedRange({0, 7});
     const QRectF blank = view.rectsOf({3, 1}).at(0);
     EXPECT_EQ(pixels().pixel(blank.center().toPoint()), view.selectionColor().rgb());
+    editor.syntaxErrorController()->setTextView(nullptr);
+    EXPECT_NE(pixels().pixel(right, middle(1)), colour) << "a view that is let go shows none";
 }
 
 } // namespace
