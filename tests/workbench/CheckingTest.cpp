@@ -168,17 +168,20 @@ TEST_F(CheckingTest, NoKeyWaitsForTheCheckOfALargeText)
     launch();
     openHtml(u"A"_s);
     ASSERT_TRUE(waitForFindings(LSMHtmlCheck::mostFindings + 1));
-    QTest::keyClick(text(), Qt::Key_X);
+    const auto longestKey = [this] {
+        qint64 longest = 0;
+        for (int i = 0; i < 40; ++i) {
+            QElapsedTimer timer;
+            timer.start();
+            QTest::keyClick(text(), Qt::Key_Y);
+            QCoreApplication::processEvents();
+            longest = std::max(longest, timer.elapsed());
+        }
+        return longest;
+    };
+    const qint64 usual = longestKey();
     QTest::qWait(500); // the check begins
-    qint64 longest = 0;
-    for (int i = 0; i < 40; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        QTest::keyClick(text(), Qt::Key_Y);
-        QCoreApplication::processEvents();
-        longest = std::max(longest, timer.elapsed());
-    }
-    EXPECT_LT(longest, 250) << "two to three are usual";
+    EXPECT_LT(longestKey(), usual + 150);
 }
 
 } // namespace

@@ -20,8 +20,8 @@ namespace LSMHtmlCheck {
 namespace {
 
 constexpr qsizetype bracketLength = 2;
-constexpr qsizetype mostMessages =
-    10 * mostFindings; ///< Of libtidy, which tells no grave ones first.
+/// Of libtidy, which does not tell the gravest first.
+constexpr qsizetype mostMessages = 10 * mostFindings;
 
 /// Where HTML has the address of one picture.
 struct PictureAddress

@@ -189,10 +189,10 @@ Message messageOf(const QByteArrayList &fields, const std::vector<qsizetype> &st
 }
 
 /// Tells what is new from what libtidy says twice, or of its own repairs.
-class News
+class MessageFilter
 {
 public:
-    explicit News(const QString &text) : m_text(text) {}
+    explicit MessageFilter(const QString &text) : m_text(text) {}
 
     /// To be asked about each message in turn.
     bool isNew(const QByteArrayList &fields, const Message &message)
@@ -239,12 +239,12 @@ std::optional<Messages> messages(const QString &html, qsizetype most, const std:
     QByteArrayList records = output->split(recordEnd);
     Messages messages{{}, records.takeLast().toLongLong()};
     const std::vector<qsizetype> starts = lineStarts(text);
-    News news(text);
+    MessageFilter filter(text);
     for (const QByteArray &record : records) {
         const QByteArrayList fields = record.split(fieldEnd);
         Message message = messageOf(fields, starts);
         message.index = qMin(message.index, html.size());
-        if (news.isNew(fields, message))
+        if (filter.isNew(fields, message))
             messages.list.push_back(std::move(message));
     }
     return messages;
