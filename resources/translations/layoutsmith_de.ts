@@ -588,8 +588,8 @@
         <translation>%@ muss %@ sein.</translation>
     </message>
     <message>
-        <source>%@ must not stand in %@.</source>
-        <translation>%@ darf nicht in %@ stehen.</translation>
+        <source>%@ must not stand in &lt;%@&gt;.</source>
+        <translation>%@ darf nicht in &lt;%@&gt; stehen.</translation>
     </message>
     <message>
         <source>%@ must not stand in one of its own kind.</source>

@@ -45,6 +45,7 @@ TEST(HtmlCheck, WhatDesignsAreMadeOfIsNoFault)
         {u""_s, {}},
         {u"<p>Hello</p>"_s, {}},
         {u"<style>p { color: red }</style>\n<div class=a><ul><li>a<li>b</ul><br><p>c</div>"_s, {}},
+        {u"<section><search><data value=1>x</data></search><slot></slot></section>"_s, {}},
         {u"<section><article>new</article></section><p></p><a href=\"a b\">x</a> R &amp; D"_s, {}},
         {u"<h1>[[LBTitle]]</h1><img src=\"[[LBPicture1]]\" alt='[[LBTitle]]' width=[[LBSize]]>"_s,
          {}},
@@ -62,6 +63,11 @@ TEST(HtmlCheck, WhatDesignsAreMadeOfIsNoFault)
          {}},
         {u"[[if LBSize\n or not LBBrand]]<b>x</b>[[endif]]"_s, {}},
         {u"a [[0, 1]] [[ b"_s, {}},
+        {u"<a href='https://a.de/?x=1&y=2&copy=3'>x</a>"_s, {}},
+        {u"[[if LBLayoutEnabled_A]]<div class=a>[[endif]]\n<!-- or -->[[if "
+         u"LBLayoutEnabled_B]]<div>[[endif]]"
+         "x</div>"_s,
+         {}},
     });
 }
 
@@ -72,6 +78,9 @@ TEST(HtmlCheck, FaultsOfFormAreToldWithTheirPlace)
         {u"<div>\n  <span>x"_s,
          {u"1:1+5 warning </div> is missing."_s, u"2:3+6 warning </span> is missing."_s}},
         {u"<p><b>a\n<div>b<p>c</div>\n<p>d"_s, {u"1:4+3 warning </b> is missing before <div>."_s}},
+        {u"<font><table><tr><td>x</table></font>"_s,
+         {u"1:1+6 note <table> must not stand in <font>."_s}},
+        {u"<h1><div>x</div></h1>"_s, {u"1:5+5 note <div> must not stand in <h1>."_s}},
         {u"<b>x<b>"_s, {u"1:1+3 warning The <b> behind this one should probably be </b>."_s}},
         {u"<b></i>"_s, {u"1:1+3 warning This element is not ended by an end tag of its own."_s}},
         {u"a</i>"_s, {u"1:2+4 warning </i> has no place here."_s}},

@@ -42,6 +42,13 @@ bool isPictureAddress(const LSMHtmlTags::Tag &tag, const LSMHtmlTags::Attribute 
     });
 }
 
+/// From behind "[[if …]]" to in front of "[[endif]]".
+struct Part
+{
+    TextRange contents;
+    TextRange whole; ///< With both of these.
+};
+
 /// One check of one text.
 class Check
 {
@@ -124,6 +131,8 @@ private:
         return QStringView(m_html).sliced(range.location, range.length);
     }
     TextRange tagAt(qsizetype index) const;
+    bool isInTag(qsizetype index) const;
+    void leaveOneAlternative();
 
     const QString &m_html;
     QString m_plain; ///< Without expressions, of the same length.
@@ -133,7 +142,8 @@ private:
     LSMFindings m_findings;
     qsizetype m_leftOut = 0;       // of the findings
     std::vector<TextRange> m_open; // parts, by what begins them
-    bool m_hasParts = false;
+    std::vector<Part> m_parts;     // that have an end
+    std::vector<TextRange> m_tags;
     QString m_defaultLayout;
 };
 
@@ -194,13 +204,15 @@ void Check::checkParts(const LSMPlaceholders::Bracketed &found)
 {
     const TextRange range = TextRange::between(found.start, found.end);
     if (found.beginsPart()) {
-        m_hasParts = true;
         m_open.push_back(range);
     } else if (found.endsPart() && m_open.empty()) {
         add(range, Warning,
             localized("There is no “[[if …]]” in front of it that this would end."));
     } else if (found.endsPart()) {
+        const TextRange beginning = m_open.back();
         m_open.pop_back();
+        m_parts.push_back({TextRange::between(beginning.end(), range.location),
+                           TextRange::between(beginning.location, range.end())});
     }
 }
 
@@ -257,6 +269,7 @@ QStringView Check::original(QStringView inPlain) const
 void Check::checkTags()
 {
     LSMHtmlTags::forEachTag(m_plain, [this](const LSMHtmlTags::Tag &tag) {
+        m_tags.push_back(TextRange::between(tag.start, tag.end));
         if (!tag.isEnd) {
             checkPictures(tag);
             checkScript(tag);
@@ -331,9 +344,33 @@ void Check::checkScript(const LSMHtmlTags::Tag &tag)
     }
 }
 
+// Parts in a row that open or close the same are for one place: all but one give way to blanks.
+void Check::leaveOneAlternative()
+{
+    static const QRegularExpression nothing(u"^(?>\\s+|<!--(?>.*?-->))*+$"_s,
+                                            QRegularExpression::DotMatchesEverythingOption);
+    const QString plain = m_plain;
+    const auto unbalanced = [&plain](TextRange contents) {
+        return LSMHtmlTags::unbalanced(
+            QStringView(plain).sliced(contents.location, contents.length));
+    };
+    for (size_t i = 1; i < m_parts.size() && !m_stop.stop_requested(); ++i) {
+        const Part &former = m_parts[i - 1];
+        const auto &[contents, whole] = m_parts[i];
+        if (whole.location < former.whole.end() ||
+            !nothing.match(original(TextRange::between(former.whole.end(), whole.location)))
+                 .hasMatch())
+            continue;
+        const QStringList tags = unbalanced(contents);
+        if (!tags.isEmpty() && tags == unbalanced(former.contents))
+            std::fill_n(m_plain.begin() + contents.location, contents.length, u' ');
+    }
+}
+
 // An expression in a tag may be a value, and parts that exclude each other may use a name twice.
 void Check::checkForm()
 {
+    leaveOneAlternative();
     const auto messages = LSMTidy::messages(m_plain, mostMessages, m_stop);
     if (!messages && !m_stop.stop_requested())
         m_findings.push_back(
@@ -344,11 +381,20 @@ void Check::checkForm()
     for (const LSMTidy::Message &message : messages->list) {
         const TextRange tag = tagAt(message.index);
         const bool isOfExpression =
-            message.isAboutAttribute &&
-            (hasBrackets(tag) || (m_hasParts && message.key == "ANCHOR_NOT_UNIQUE"));
-        if (!isOfExpression)
+            message.subject == LSMTidy::Subject::Attribute &&
+            (hasBrackets(tag) || (!m_parts.empty() && message.key == "ANCHOR_NOT_UNIQUE"));
+        // In a value, as in an address with parameters, "&" need not begin anything.
+        const bool isOfValue =
+            message.subject == LSMTidy::Subject::Character && isInTag(message.index);
+        if (!isOfExpression && !isOfValue)
             add(tag, message.level, message.text);
     }
+}
+
+bool Check::isInTag(qsizetype index) const
+{
+    const auto next = std::ranges::upper_bound(m_tags, index, {}, &TextRange::location);
+    return next != m_tags.begin() && index < std::prev(next)->end();
 }
 
 /// From "<" to ">", or the character there.

@@ -7,7 +7,8 @@
 
 /// Holds the HTML of a design against the rules: of HTML, by libtidy; of the format, for its
 /// placeholders and layouts; of the places where listings are shown, for pictures and scripts. HTML
-/// that stands in parts which exclude each other is read as if all of it were there.
+/// that stands in parts which exclude each other is read as if all of it were there, but for parts
+/// in a row that open or close the same elements: of these the first counts.
 ///
 /// Functions of their arguments alone; any thread. Once stopped they come back soon, with less than
 /// there is.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace LSMHtmlTags {
 
 namespace {
@@ -157,6 +159,22 @@ void forEachTag(QStringView html, const std::function<bool(const Tag &)> &functi
         if (!function(reader.tag()))
             return;
     }
+}
+
+QStringList unbalanced(QStringView html)
+{
+    static const QStringList withoutEnd =
+        u"area base br col embed hr img input link meta param source track wbr"_s.split(u' ');
+    QStringList names;
+    forEachTag(html, [&names](const Tag &tag) {
+        const QString name = tag.name.toString().toLower();
+        if (tag.isEnd && !names.isEmpty() && names.last() == name)
+            names.removeLast();
+        else if (!withoutEnd.contains(name))
+            names << (tag.isEnd ? u'/' + name : name);
+        return true;
+    });
+    return names;
 }
 
 } // namespace LSMHtmlTags

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <functional>
-#include <QString>
+#include <QStringList>
 #include <vector>
 
 /// The tags of a piece of HTML as they are written, well-formed or not: no tree is made of them.
@@ -32,5 +32,8 @@ struct Tag
 
 /// Views are borrowed from the HTML. A false result ends the walk.
 void forEachTag(QStringView html, const std::function<bool(const Tag &)> &function);
+
+/// The tags that have no partner in the HTML, as "b" and "/b", in small letters.
+QStringList unbalanced(QStringView html);
 
 } // namespace LSMHtmlTags

@@ -5,6 +5,7 @@
 #include "platform/ProgramRun.h"
 
 #include <QCoreApplication>
+#include <QMultiHash>
 #include <QSet>
 
 using platform::localizable;
@@ -21,8 +22,6 @@ constexpr qsizetype longestArgument = 80;
 constexpr auto patience = 2s;
 constexpr auto patiencePerCharacter = 4us;
 
-enum class Subject { Tag, Attribute };
-
 /// How a message of libtidy is put; its arguments are those of libtidy's own text, in its order.
 struct Wording
 {
@@ -31,6 +30,8 @@ struct Wording
     Subject subject;
     const char *text; ///< Null: it is left out.
 };
+
+constexpr const char *mustNotStandIn = localizable("%@ must not stand in <%@>.");
 
 constexpr Wording wordings[] = {
     {"ANCHOR_NOT_UNIQUE", Warning, Subject::Attribute,
@@ -53,7 +54,7 @@ constexpr Wording wordings[] = {
      localizable("%@ has no value for its attribute “%@”.")},
     {"MISSING_ENDTAG_BEFORE", Warning, Subject::Tag, localizable("</%@> is missing before %@.")},
     {"MISSING_ENDTAG_FOR", Warning, Subject::Tag, localizable("</%@> is missing.")},
-    {"MISSING_SEMICOLON", Warning, Subject::Tag, localizable("“%@” does not end with “;”.")},
+    {"MISSING_SEMICOLON", Warning, Subject::Character, localizable("“%@” does not end with “;”.")},
     {"MISSING_STARTTAG", Warning, Subject::Tag, localizable("<%@> is missing here.")},
     {"NON_MATCHING_ENDTAG", Warning, Subject::Tag,
      localizable("This element is not ended by an end tag of its own.")},
@@ -61,7 +62,7 @@ constexpr Wording wordings[] = {
     {"REPLACING_UNEX_ELEMENT", Warning, Subject::Tag, localizable("%@ has no place here.")},
     {"SUSPECTED_MISSING_QUOTE", Error, Subject::Tag,
      localizable("A quotation mark of an attribute is missing.")},
-    {"TAG_NOT_ALLOWED_IN", Warning, Subject::Tag, localizable("%@ must not stand in %@.")},
+    {"TAG_NOT_ALLOWED_IN", Warning, Subject::Tag, localizable(mustNotStandIn)},
     {"UNEXPECTED_END_OF_FILE_ATTR", Error, Subject::Tag,
      localizable("%@ has no end; a quotation mark may be missing.")},
     {"UNEXPECTED_EQUALSIGN", Warning, Subject::Attribute,
@@ -71,7 +72,7 @@ constexpr Wording wordings[] = {
      localizable("%@ has a quotation mark that belongs to nothing.")},
     {"UNKNOWN_ELEMENT", Error, Subject::Tag, localizable("HTML knows no %@.")},
     {"UNKNOWN_ELEMENT_LOOKS_CUSTOM", Error, Subject::Tag, localizable("HTML knows no %@.")},
-    {"UNKNOWN_ENTITY", Warning, Subject::Tag,
+    {"UNKNOWN_ENTITY", Warning, Subject::Character,
      localizable("“%@” means no character; a plain “&” is written “&amp;”.")},
     // What is a consequence of another fault, a matter of taste, or told better elsewhere.
     {"ATTRIBUTE_VALUE_REPLACED", Note, Subject::Attribute, nullptr},
@@ -185,44 +186,83 @@ Message messageOf(const QByteArrayList &fields, const std::vector<qsizetype> &st
             wording ? filled(localized(wording->text), fields.mid(4))
                     : platform::format(localized("The checker of HTML says: %@"),
                                        QString::fromUtf8(fields.value(3))),
-            key, wording && wording->subject == Subject::Attribute};
+            key, wording ? wording->subject : Subject::Tag};
 }
 
-/// Tells what is new from what libtidy says twice, or of its own repairs.
-class MessageFilter
+/// Makes of what libtidy says, in its order, what there is to tell: nothing twice, and nothing of
+/// its own repairs.
+class Teller
 {
 public:
-    explicit MessageFilter(const QString &text) : m_text(text) {}
+    explicit Teller(const QString &text) : m_text(text) {}
 
-    /// To be asked about each message in turn.
-    bool isNew(const QByteArrayList &fields, const Message &message)
-    {
-        return !isOfRepair(fields, message) &&
-               std::exchange(m_last, {message.index, message.text}) !=
-                   std::pair(message.index, message.text);
-    }
-
-private:
-    bool isOfRepair(const QByteArrayList &fields, const Message &message)
+    void add(const QByteArrayList &fields, const Message &message)
     {
         const QByteArray name = fields.value(4);
+        const QByteArray other = fields.value(5);
         if (message.key == "UNKNOWN_ELEMENT")
             m_unknownTags.insert(name);
-        if (message.key == "DISCARDING_UNEXPECTED")
-            return m_unknownTags.contains(QByteArray(name).replace("</", "<"));
-        return message.key.startsWith("MISSING_ENDTAG") && !isTagThere(message.index, name);
+        const bool isRepair = message.key == "DISCARDING_UNEXPECTED"
+                                  ? isOfUnknownTag(name) || isEndOfNesting(name)
+                                  : isOfReopenedTag(message, name);
+        if (isRepair || isAgain(message))
+            return;
+        m_told.push_back(message);
+        if (message.key == "TAG_NOT_ALLOWED_IN")
+            m_nestings.insert(QByteArray(name).replace("<", "</"),
+                              {name, other, m_told.size() - 1});
+        if (message.key == "MISSING_ENDTAG_BEFORE" && !other.startsWith("</"))
+            m_nestings.insert("</" + name + '>', {other, name, m_told.size() - 1});
+    }
+
+    std::vector<Message> take() { return std::move(m_told); }
+
+private:
+    /// An element that the HTML has within another, and where that was told.
+    struct Nesting
+    {
+        QByteArray innerTag;
+        QByteArray outerName;
+        size_t message = 0;
+    };
+
+    bool isAgain(const Message &message) const
+    {
+        return !m_told.empty() && m_told.back().index == message.index &&
+               m_told.back().text == message.text;
+    }
+
+    bool isOfUnknownTag(const QByteArray &tag) const
+    {
+        return m_unknownTags.contains(QByteArray(tag).replace("</", "<"));
+    }
+
+    // Where the end tag comes after all, none was missing; browsers show it as it is meant.
+    bool isEndOfNesting(const QByteArray &tag)
+    {
+        const auto found = m_nestings.constFind(tag);
+        if (found == m_nestings.cend())
+            return false;
+        Message &message = m_told[found->message];
+        message.level = LSMFinding::Level::Note;
+        message.text = filled(localized(mustNotStandIn), {found->innerTag, found->outerName});
+        m_nestings.erase(found);
+        return true;
     }
 
     // It opens what was not closed in time once more, in what follows.
-    bool isTagThere(qsizetype index, const QByteArray &name) const
+    bool isOfReopenedTag(const Message &message, const QByteArray &name) const
     {
-        return QStringView(m_text).sliced(index).startsWith(u'<' + QString::fromUtf8(name),
-                                                            Qt::CaseInsensitive);
+        return message.key.startsWith("MISSING_ENDTAG") &&
+               !QStringView(m_text)
+                    .sliced(message.index)
+                    .startsWith(u'<' + QString::fromUtf8(name), Qt::CaseInsensitive);
     }
 
     const QString &m_text;
     QSet<QByteArray> m_unknownTags;
-    std::pair<qsizetype, QString> m_last{-1, {}};
+    QMultiHash<QByteArray, Nesting> m_nestings; // by the end tag that is to come, the last first
+    std::vector<Message> m_told;
 };
 
 } // namespace
@@ -237,17 +277,16 @@ std::optional<Messages> messages(const QString &html, qsizetype most, const std:
     if (!output)
         return std::nullopt;
     QByteArrayList records = output->split(recordEnd);
-    Messages messages{{}, records.takeLast().toLongLong()};
+    const qsizetype leftOut = records.takeLast().toLongLong();
     const std::vector<qsizetype> starts = lineStarts(text);
-    MessageFilter filter(text);
+    Teller teller(text);
     for (const QByteArray &record : records) {
         const QByteArrayList fields = record.split(fieldEnd);
         Message message = messageOf(fields, starts);
         message.index = qMin(message.index, html.size());
-        if (filter.isNew(fields, message))
-            messages.list.push_back(std::move(message));
+        teller.add(fields, message);
     }
-    return messages;
+    return Messages{teller.take(), leftOut};
 }
 
 } // namespace LSMTidy

@@ -14,15 +14,16 @@
 /// (tidy/main.cpp). Any thread, several at a time.
 namespace LSMTidy {
 
-/// Found at an index of the HTML. `isAboutAttribute`: it is about one of the tag there, not about
-/// the tag itself.
+/// What a message is about: the tag at its index, an attribute of that, or a character there.
+enum class Subject { Tag, Attribute, Character };
+
 struct Message
 {
-    qsizetype index = 0;
+    qsizetype index = 0; ///< In the HTML.
     LSMFinding::Level level = LSMFinding::Level::Warning;
     QString text;
     QByteArray key; ///< libtidy's own name of it.
-    bool isAboutAttribute = false;
+    Subject subject = Subject::Tag;
 };
 
 struct Messages

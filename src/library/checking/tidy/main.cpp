@@ -68,6 +68,8 @@ void parse(std::string html, Messages &messages)
     tidySetCharEncoding(document, "utf8");
     tidyOptSetValue(document, TidyBodyOnly, "yes");
     tidyOptSetBool(document, TidyDropEmptyElems, no);
+    tidyOptSetValue(document, TidyInlineTags, "data slot"); // which are newer than it is
+    tidyOptSetValue(document, TidyBlockTags, "search");
     TidyBuffer buffer;
     tidyBufInit(&buffer);
     tidyBufAttach(&buffer, reinterpret_cast<byte *>(html.data()), unsigned(html.size()));
