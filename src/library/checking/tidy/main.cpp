@@ -15,12 +15,14 @@
 #include <sys/resource.h>
 #include <tidy/tidy.h>
 #include <tidy/tidybuffio.h>
+#include <utility>
 
 namespace {
 
 constexpr char recordEnd = '\x1e';
 constexpr char fieldEnd = '\x1f';
 constexpr rlim_t gigabyte = rlim_t(1) << 30;
+constexpr rlim_t minute = 60;
 
 struct Messages
 {
@@ -82,10 +84,11 @@ void parse(std::string html, Messages &messages)
 void limitItself()
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    const rlimit memory{gigabyte, gigabyte};
-    const rlimit core{0, 0};
-    setrlimit(RLIMIT_AS, &memory);
-    setrlimit(RLIMIT_CORE, &core);
+    for (const auto &[resource, most] :
+         {std::pair(RLIMIT_AS, gigabyte), {RLIMIT_CPU, minute}, {RLIMIT_CORE, rlim_t(0)}}) {
+        const rlimit limit{most, most};
+        setrlimit(resource, &limit);
+    }
 }
 
 } // namespace
