@@ -63,7 +63,7 @@ TEST(HtmlCheck, WhatDesignsAreMadeOfIsNoFault)
          {}},
         {u"[[if LBSize\n or not LBBrand]]<b>x</b>[[endif]]"_s, {}},
         {u"a [[0, 1]] [[ b"_s, {}},
-        {u"<a href='https://a.de/?x=1&y=2&copy=3'>x</a>"_s, {}},
+        {u"<a href='https://a.de/?x=1&y=2&copy=3'><h3>x</h3></a>"_s, {}},
         {u"[[if LBLayoutEnabled_A]]<div class=a>[[endif]]\n<!-- or -->[[if "
          u"LBLayoutEnabled_B]]<div>[[endif]]"
          "x</div>"_s,
