@@ -371,8 +371,8 @@
         <translation>Allgemein</translation>
     </message>
     <message>
-        <source>Its designs are the ones to work on, from the next start.</source>
-        <translation>Deren Designs werden ab dem nächsten Start bearbeitet.</translation>
+        <source>Takes effect at the next start of the Layoutsmith.</source>
+        <translation>Gilt ab dem nächsten Start von Layoutsmith.</translation>
     </message>
     <message>
         <source>Preferences</source>
@@ -576,10 +576,6 @@
         <translation>%@ hat am Ende kein „&gt;“.</translation>
     </message>
     <message>
-        <source>%@ has the attribute “%@” more than once.</source>
-        <translation>%@ hat das Attribut „%@“ mehrfach.</translation>
-    </message>
-    <message>
         <source>%@ has the name “%@”, which another has already.</source>
         <translation>%@ hat den Namen „%@“, den schon ein anderes Element hat.</translation>
     </message>
@@ -608,8 +604,16 @@
         <translation>Hier fehlt &lt;%@&gt;.</translation>
     </message>
     <message>
+        <source>Buyers would see this as it stands; did you mean “[[%@]]”?</source>
+        <translation>Käufer sähen dies, wie es dasteht; meinten Sie „[[%@]]“?</translation>
+    </message>
+    <message>
         <source>HTML stands behind &lt;/body&gt;.</source>
         <translation>Hinter &lt;/body&gt; steht HTML.</translation>
+    </message>
+    <message>
+        <source>No “[[if …]]” comes before this “[[endif]]”.</source>
+        <translation>Vor diesem „[[endif]]“ steht kein „[[if …]]“.</translation>
     </message>
     <message>
         <source>The &lt;%@&gt; behind this one should probably be &lt;/%@&gt;.</source>
@@ -620,16 +624,32 @@
         <translation>%@ steht daneben: Seine Umwandlung wurde unterbrochen, oder dies sind zwei Designs. Die alte Datei wird weiterhin geladen.</translation>
     </message>
     <message>
+        <source>The address is not https: browsers may not load it.</source>
+        <translation>Die Adresse ist nicht https: Browser laden sie womöglich nicht.</translation>
+    </message>
+    <message>
         <source>The checker of HTML says: %@</source>
         <translation>Die HTML-Prüfung meldet: %@</translation>
     </message>
     <message>
-        <source>The condition cannot be read: the part is never there.</source>
-        <translation>Die Bedingung ist nicht lesbar: Der Teil ist nie da.</translation>
+        <source>The condition is missing; write “[[if LBTitle]]”, for one.</source>
+        <translation>Die Bedingung fehlt; schreiben Sie zum Beispiel „[[if LBTitle]]“.</translation>
+    </message>
+    <message>
+        <source>The condition is not complete, so the part is never shown.</source>
+        <translation>Die Bedingung ist unvollständig, der Teil wird nie gezeigt.</translation>
+    </message>
+    <message>
+        <source>The design has no property for “%@”; did you mean “%@”?</source>
+        <translation>Das Design hat keine Eigenschaft für „%@“; meinten Sie „%@“?</translation>
     </message>
     <message>
         <source>The document type must stand in front of everything else.</source>
         <translation>Der Dokumenttyp muss vor allem anderen stehen.</translation>
+    </message>
+    <message>
+        <source>There is no placeholder “%@”; did you mean “%@”?</source>
+        <translation>Es gibt keinen Platzhalter „%@“; meinten Sie „%@“?</translation>
     </message>
     <message>
         <source>This element is not ended by an end tag of its own.</source>
@@ -1568,7 +1588,7 @@
         <translation>Symbolleiste einblenden</translation>
     </message>
     <message>
-        <source>Shows or hides the list of findings</source>
+        <source>Goes to the list of findings, or hides it</source>
         <translation>Zeigt die Liste der Befunde oder blendet sie aus</translation>
     </message>
     <message>
@@ -1794,10 +1814,6 @@
         <translation>Dahinter steht kein „[[endif]]“: Der Teil reicht bis zum Ende.</translation>
     </message>
     <message>
-        <source>There is no “[[if …]]” in front of it that this would end.</source>
-        <translation>Davor steht kein „[[if …]]“, das hier enden würde.</translation>
-    </message>
-    <message>
         <source>There is nothing at this path.</source>
         <translation>Unter diesem Pfad ist nichts.</translation>
     </message>
@@ -1950,12 +1966,20 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>„%@“ endet nicht mit „;“.</translation>
     </message>
     <message>
+        <source>“%@” has no place in the condition, so the part is never shown; write names with “not”, “and” and “or”.</source>
+        <translation>„%@“ gehört nicht in die Bedingung, der Teil wird nie gezeigt; schreiben Sie Namen mit „not“, „and“ und „or“.</translation>
+    </message>
+    <message>
         <source>“%@” is in the list already.</source>
         <translation>„%@“ steht schon in der Liste.</translation>
     </message>
     <message>
         <source>“%@” is not a picture that can be read. The design keeps the one that it has.</source>
         <translation>„%@“ ist kein lesbares Bild. Das Design behält das Bild, das es hat.</translation>
+    </message>
+    <message>
+        <source>“%@” is there already; only the first counts.</source>
+        <translation>„%@“ steht schon da; nur das erste zählt.</translation>
     </message>
     <message>
         <source>“%@” means no character; a plain “&amp;” is written “&amp;amp;”.</source>

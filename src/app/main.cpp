@@ -13,7 +13,9 @@ namespace {
 constexpr const char *usage = R"(usage: layoutsmith                      opens the workbench
        layoutsmith list [--json]        lists all designs
        layoutsmith show NAME            tells about a design, by title, identifier or path
-       layoutsmith check [PATH...]      checks designs or folders of them; exit status 1 on findings
+       layoutsmith check [PATH...] [--json] [--fail-level note|warning|error]
+                                        checks designs or folders of them, or all; exit status 1
+                                        on findings of that level, a warning at first, or above
        layoutsmith colour FILE [--language NAME] [--json|--html]
                                         colours a file as the editor does; tells the runs or
                                         prints a page

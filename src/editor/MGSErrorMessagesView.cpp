@@ -45,6 +45,12 @@ MGSErrorMessagesView::MGSErrorMessagesView(const QList<SMLSyntaxError> &errors, 
     QTextCursor cursor(document());
     QTextBlockFormat spaced;
     spaced.setBottomMargin(paragraphSpacing);
+    if (errors.size() > 1) { // what goes on in another line stands below the message, not the badge
+        const qreal indent = MGSErrorBadgeAttachmentCell::cellSize.width() +
+                             QFontMetricsF(messageFont()).horizontalAdvance(u' ');
+        spaced.setLeftMargin(indent);
+        spaced.setTextIndent(-indent);
+    }
     cursor.setBlockFormat(spaced);
     for (const SMLSyntaxError &error : errors) {
         if (!document()->isEmpty())

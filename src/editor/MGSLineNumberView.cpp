@@ -186,6 +186,12 @@ void MGSLineNumberView::setDecorations(const Decorations &decorations)
     updateThickness();
 }
 
+void MGSLineNumberView::setReservesDecorationColumn(bool reserves)
+{
+    m_reservesDecorationColumn = reserves;
+    updateThickness();
+}
+
 void MGSLineNumberView::setDecorationAction(QObject *target, const QByteArray &selector)
 {
     m_decorationActionTarget = target;
@@ -232,7 +238,8 @@ double MGSLineNumberView::requiredThickness() const
 double MGSLineNumberView::decorationColumnWidth() const
 {
     const qreal height = m_textView->layoutManager()->style().rowHeight;
-    qreal column = 0;
+    qreal column =
+        m_reservesDecorationColumn ? decorationInset(height) + decorationHeight(height) : 0;
     for (auto it = m_decorations.cbegin(); it != m_decorations.cend(); ++it) {
         if (it.key() >= 1 && it.key() <= lineCount())
             column = qMax(column, decorationInset(height) + decorationSize(*it, height).width());
@@ -261,12 +268,17 @@ qreal MGSLineNumberView::decorationInset(qreal lineHeight) const
     return qMax<qreal>(1, qMin(lineHeight / 12, m_fontSize / 11)) + numberMargin;
 }
 
+qreal MGSLineNumberView::decorationHeight(qreal lineHeight) const
+{
+    const qreal inset = decorationInset(lineHeight) - numberMargin;
+    return qMin<qreal>(lineHeight - 2 * inset, m_fontSize);
+}
+
 QSizeF MGSLineNumberView::decorationSize(const QIcon &decoration, qreal lineHeight) const
 {
     const QSizeF natural = decoration.actualSize(largestDecoration);
-    const qreal inset = decorationInset(lineHeight) - numberMargin;
-    const qreal height = qMin<qreal>(lineHeight - 2 * inset, m_fontSize);
-    return natural.isEmpty() ? QSizeF() : natural * (height / natural.height());
+    return natural.isEmpty() ? QSizeF()
+                             : natural * (decorationHeight(lineHeight) / natural.height());
 }
 
 QRectF MGSLineNumberView::decorationRectOfLine(qsizetype row) const

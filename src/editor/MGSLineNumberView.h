@@ -49,6 +49,8 @@ public:
 
     const Decorations &decorations() const { return m_decorations; }
     void setDecorations(const Decorations &decorations);
+    /// Keeps their column where there are none, so that lines do not jump when they come; off.
+    void setReservesDecorationColumn(bool reserves);
     /// The slot `NAME(QObject *gutter)` of the target (borrowed) for clicks on decorations.
     void setDecorationAction(QObject *target, const QByteArray &selector);
 
@@ -95,6 +97,7 @@ private:
     void breakpointClickedOnLine(qsizetype line);
     QSizeF decorationSize(const QIcon &decoration, qreal lineHeight) const;
     qreal decorationInset(qreal lineHeight) const;
+    qreal decorationHeight(qreal lineHeight) const;
 
     void drawBackground(QPainter *painter) const;
     void drawRow(QPainter *painter, qsizetype row, const QRectF &rect);
@@ -117,6 +120,7 @@ private:
     QPointer<MGSChangedLines> m_changedLines; ///< Those of the text; null if they are not marked.
     QPointer<MGSFolding> m_folding;
     Decorations m_decorations;
+    bool m_reservesDecorationColumn = false;
     QPointer<QObject> m_decorationActionTarget;
     QByteArray m_decorationActionSelector;
     qsizetype m_selectedLineNumber = platform::NotFound;

@@ -34,6 +34,9 @@ public:
         return m_isReadable && m_at == m_words.size() ? std::optional(result) : std::nullopt;
     }
 
+    /// Where the reading came to its end; null behind the last.
+    QString word() const { return m_words.value(m_at); }
+
 private:
     bool take(QStringView word)
     {
@@ -46,7 +49,7 @@ private:
     bool alternatives()
     {
         bool result = conjunction();
-        while (take(u"or"))
+        while (m_isReadable && take(u"or"))
             result = conjunction() || result;
         return result;
     }
@@ -54,7 +57,7 @@ private:
     bool conjunction()
     {
         bool result = term();
-        while (take(u"and"))
+        while (m_isReadable && take(u"and"))
             result = term() && result;
         return result;
     }
@@ -85,10 +88,14 @@ bool isName(const QString &text)
 constexpr auto propertyPrefix = QLatin1StringView("LBProperty_");
 constexpr auto noLayout = QLatin1StringView("LBLayoutNotDefined");
 
-/// Those in the menu of placeholders, whose texts are what is inserted.
-QSet<QString> namesInMenu()
+const Values noValues = [](const QString &) {
+    return QString();
+};
+
+/// With those in the menu of placeholders, whose texts are what is inserted.
+QStringList allKnownNames()
 {
-    QSet<QString> names;
+    QSet<QString> names{noLayout};
     const auto list = platform::PropertyList::parse(
         platform::Bundle::mainBundle()
             .stringForResource(QStringLiteral("placeholder"), QStringLiteral("plist"))
@@ -100,7 +107,9 @@ QSet<QString> namesInMenu()
                 names.insert(name);
         }
     }
-    return names;
+    QStringList sorted = names.values();
+    sorted.sort();
+    return sorted;
 }
 
 } // namespace
@@ -118,11 +127,15 @@ QStringList Bracketed::names() const
 
 bool Bracketed::isReadable() const
 {
-    const Values none = [](const QString &) {
-        return QString();
-    };
-    return beginsPart() ? Expression(inside.sliced(3), none).result().has_value()
+    return beginsPart() ? Expression(inside.sliced(3), noValues).result().has_value()
                         : endsPart() || isName(inside);
+}
+
+QString Bracketed::misplacedWord() const
+{
+    Expression expression(inside.sliced(3), noValues);
+    expression.result();
+    return expression.word();
 }
 
 std::optional<Bracketed> nextBracketed(const QString &html, qsizetype from)
@@ -135,10 +148,10 @@ std::optional<Bracketed> nextBracketed(const QString &html, qsizetype from)
     return Bracketed{start, end + 2, html.sliced(start + 2, end - start - 2)};
 }
 
-bool isKnownName(const QString &name)
+const QStringList &knownNames()
 {
-    static const QSet<QString> names = namesInMenu();
-    return names.contains(name) || name == noLayout;
+    static const QStringList names = allKnownNames();
+    return names;
 }
 
 QString nameOfProperty(const QString &property)

@@ -27,7 +27,10 @@ struct Bracketed
 
     bool beginsPart() const { return inside.startsWith(u"if "); }
     bool endsPart() const { return inside == u"endif"; }
-    bool isReadable() const;   ///< Is it made as it should be, whatever its names?
+    bool isReadable() const; ///< Is it made as it should be, whatever its names?
+    /// Of a condition that is not: the word that cannot stand where it does, or null where one is
+    /// missing at the end.
+    QString misplacedWord() const;
     QStringList names() const; ///< That it asks for; none where it is no expression.
 };
 
@@ -36,8 +39,8 @@ struct Bracketed
 std::optional<Bracketed> nextBracketed(const QString &html, qsizetype from);
 
 /// The names that the host has values for in any listing, as `resources/placeholder.plist` and the
-/// format have them. Those of properties and layouts belong to a design.
-bool isKnownName(const QString &name);
+/// format have them, in order. Those of properties and layouts belong to a design.
+const QStringList &knownNames();
 
 /// By which the HTML asks for a design's property: "Glaze Colour" is "LBProperty_Glaze_Colour".
 QString nameOfProperty(const QString &property);

@@ -1,6 +1,7 @@
 #include "workbench/LSMDesignChecking.h"
 
 #include "editor/MGSFragariaView.h"
+#include "editor/MGSLineNumberView.h"
 #include "editor/MGSTextStorageExtensions.h"
 #include "editor/SMLTextView.h"
 #include "library/LSMDesignKeys.h"
@@ -32,7 +33,7 @@ LSMDesignChecking::LSMDesignChecking(MGSFragariaView *editor, LSMFindingsView *l
     m_countButton->setObjectName(QStringLiteral("findingsCountButton"));
     m_countButton->setAutoRaise(true);
     m_countButton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    m_countButton->setToolTip(localized("Shows or hides the list of findings"));
+    m_countButton->setToolTip(localized("Goes to the list of findings, or hides it"));
     connect(m_countButton, &QToolButton::clicked, this, &LSMDesignChecking::toggleList);
     m_delay.setSingleShot(true);
     m_delay.setTimerType(Qt::PreciseTimer);
@@ -46,12 +47,10 @@ LSMDesignChecking::LSMDesignChecking(MGSFragariaView *editor, LSMFindingsView *l
             setFindings(all);
     });
     connect(m_list, &LSMFindingsView::findingWasChosen, this, &LSMDesignChecking::goTo);
-    connect(m_list, &LSMFindingsView::closeWasAskedFor, this, [this] {
-        setShowsFindings(false);
-        m_editor->textView()->setFocus();
-    });
+    connect(m_list, &LSMFindingsView::closeWasAskedFor, this, [this] { setShowsFindings(false); });
     connect(&UserDefaults::standardUserDefaults(), &UserDefaults::didChange, this,
             &LSMDesignChecking::settingDidChange);
+    updateGutter();
     setFindings({});
 }
 
@@ -67,7 +66,7 @@ void LSMDesignChecking::setDesignTemplate(LSMDesignTemplate *design)
     if (design)
         connect(design->templateDictionary().get(), &platform::ObservableDictionary::valueChanged,
                 this, &LSMDesignChecking::textDidChange);
-    m_list->hide();
+    hideList();
     setFindings({});
     check();
 }
@@ -98,6 +97,7 @@ void LSMDesignChecking::settingDidChange(const QString &key)
         updateList();
     if (key != checksKey)
         return;
+    updateGutter();
     setFindings({});
     check();
 }
@@ -152,15 +152,35 @@ void LSMDesignChecking::setFindings(const LSMFindings &findings)
 // Once it is there it stays, so that lines do not jump with each key.
 void LSMDesignChecking::updateList()
 {
-    const bool isThere = !m_list->isHidden();
-    m_list->setVisible(isEnabled() && showsFindings() && (isThere || !m_findings.empty()));
+    if (!isEnabled() || !showsFindings())
+        hideList();
+    else if (!m_findings.empty())
+        m_list->show();
+}
+
+bool LSMDesignChecking::hasListTheKeyboard() const
+{
+    return m_list->isAncestorOf(m_list->window()->focusWidget());
+}
+
+// The keyboard goes back to the text.
+void LSMDesignChecking::hideList()
+{
+    if (hasListTheKeyboard())
+        m_editor->textView()->setFocus();
+    m_list->hide();
+}
+
+void LSMDesignChecking::updateGutter()
+{
+    m_editor->gutterView()->setReservesDecorationColumn(isEnabled());
 }
 
 void LSMDesignChecking::toggleList()
 {
-    const bool isSeen = m_list->isVisible();
-    setShowsFindings(!isSeen);
-    if (isSeen)
+    const bool isLeft = hasListTheKeyboard();
+    setShowsFindings(!isLeft);
+    if (isLeft)
         return;
     m_list->setVisible(isEnabled());
     Q_EMIT sightWasAskedFor();

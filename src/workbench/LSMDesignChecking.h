@@ -32,7 +32,7 @@ public:
     void setEnabled(bool enabled);
     bool showsFindings() const; ///< In the list, once there are any.
     void setShowsFindings(bool shows);
-    void toggleList(); ///< With the keyboard in it when it comes.
+    void toggleList(); ///< Brings it, with the keyboard in it; hides it where that is in it.
 
     /// Selects what is found next behind the caret, or before it, round the ends of the text.
     void goToNext();
@@ -53,6 +53,9 @@ private:
     void setFindings(const LSMFindings &findings);
     LSMFindings clashes() const;
     void updateList();
+    bool hasListTheKeyboard() const; ///< While a menu is open, too.
+    void hideList();
+    void updateGutter();
     void goTo(const LSMFinding &finding);
     LSMFindings placedFindings() const;
     qsizetype indexOf(const LSMFinding &finding) const; ///< In the text; NotFound beyond it.

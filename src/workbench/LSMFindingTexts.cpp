@@ -4,6 +4,8 @@
 #include "platform/Format.h"
 
 #include <algorithm>
+#include <QSet>
+#include <tuple>
 
 using platform::localizable;
 using platform::localized;
@@ -29,9 +31,29 @@ SMLSyntaxError syntaxErrorOf(const LSMFinding &finding)
         finding.text, LSMWarningLevel(finding.level), quint64(finding.line));
     error.character = quint64(finding.character);
     error.length = quint64(finding.length);
-    if (finding.level == LSMFinding::Level::Note)
-        error.errorLineHighlightColor = Qt::transparent;
     return error;
+}
+
+/// In order of their starts, longer ones first.
+auto place(const LSMFinding &finding)
+{
+    return std::tuple(finding.line, finding.length == 0 ? 0 : finding.character, -finding.length);
+}
+
+/// One for each place, with all that is to say of it.
+LSMFindings joinedByPlace(LSMFindings findings)
+{
+    std::ranges::stable_sort(findings, {}, place);
+    LSMFindings joined;
+    for (const LSMFinding &finding : findings) {
+        if (joined.empty() || place(joined.back()) != place(finding)) {
+            joined.push_back(finding);
+            continue;
+        }
+        joined.back().text += u'\n' + finding.text;
+        joined.back().level = std::max(joined.back().level, finding.level);
+    }
+    return joined;
 }
 
 } // namespace
@@ -63,9 +85,18 @@ QVariantList LSMSyntaxErrorsOf(const LSMFindings &findings)
 {
     LSMFindings placed = findings;
     std::erase_if(placed, [](const LSMFinding &finding) { return finding.line == 0; });
-    std::ranges::stable_sort(placed, std::ranges::greater(), &LSMFinding::level);
+    placed = joinedByPlace(placed);
+    QSet<qsizetype> colouredLines;
+    for (const LSMFinding &finding : placed) {
+        if (finding.level != LSMFinding::Level::Note)
+            colouredLines << finding.line;
+    }
     QVariantList errors;
-    for (const LSMFinding &finding : placed)
-        errors << QVariant::fromValue(syntaxErrorOf(finding));
+    for (const LSMFinding &finding : placed) {
+        SMLSyntaxError error = syntaxErrorOf(finding);
+        if (!colouredLines.contains(finding.line))
+            error.errorLineHighlightColor = Qt::transparent;
+        errors << QVariant::fromValue(error);
+    }
     return errors;
 }

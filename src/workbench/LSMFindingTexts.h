@@ -13,6 +13,7 @@ QIcon LSMIconOfLevel(LSMFinding::Level level);
 /// "2 errors, 1 warning"; what there is none of is left out.
 QString LSMCountOfFindings(const LSMFindings &findings);
 
-/// Records for the code editor, the worst first, so that it colours the line. Lines with notes
-/// alone keep the ground's colour, and what has no place has no record.
+/// Records for the code editor: one for each place, with all that is to say of it, and those within
+/// others behind them, so that their tips are seen. Lines with notes alone keep the ground's
+/// colour, and what has no place has no record.
 QVariantList LSMSyntaxErrorsOf(const LSMFindings &findings);

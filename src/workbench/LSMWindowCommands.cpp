@@ -264,9 +264,9 @@ void LSMMainWindowController::showFindingsAction(QObject *)
     m_editor->checking()->toggleList();
 }
 
-bool LSMMainWindowController::validateShowFindingsAction(QObject *item)
+bool LSMMainWindowController::validateShowFindingsAction(QObject *)
 {
-    return check(item, m_editor->checking()->showsFindings()) && m_editor->checking()->isEnabled();
+    return m_editor->checking()->isEnabled();
 }
 
 void LSMMainWindowController::nextFindingAction(QObject *)

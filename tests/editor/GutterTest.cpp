@@ -76,6 +76,11 @@ TEST_F(Gutter, ItsWidthFollowsWhatItShows)
     gutter.setDecorations({{1, QPixmap(40, 20)}, {7, QPixmap(400, 20)}});
     EXPECT_GT(width(""), 5 + digit);
     EXPECT_LT(width(""), 100); // there is no line 7
+    gutter.setDecorations({{1, QPixmap(20, 20)}});
+    const double withDecoration = width("");
+    gutter.setDecorations({});
+    gutter.setReservesDecorationColumn(true);
+    EXPECT_EQ(width(""), withDecoration);
     editor.setMinimumGutterWidth(120);
     EXPECT_EQ(width(""), 120);
     EXPECT_EQ(gutter.width(), 120);

@@ -57,6 +57,7 @@ TEST_F(CheckingTest, FindingsAreShownWhereTheyAreAndGoWithTheirFault)
     EXPECT_TRUE(panel()->isVisible());
     auto *view = child<MGSFragariaView>("fragariaView");
     EXPECT_EQ(view->gutterView()->decorations().keys(), (QList<qsizetype>{2, 3}));
+    const int gutterWidth = view->gutterView()->width();
 
     list()->setCurrentRow(1);
     giveFocus(list());
@@ -85,10 +86,31 @@ TEST_F(CheckingTest, FindingsAreShownWhereTheyAreAndGoWithTheirFault)
     text()->insertText(u"x"_s);
     ASSERT_TRUE(waitForFindings(0));
     EXPECT_TRUE(view->syntaxErrors().isEmpty());
+    EXPECT_EQ(view->gutterView()->width(), gutterWidth) << "lines must not jump sideways";
     EXPECT_FALSE(count()->isVisible());
     EXPECT_TRUE(panel()->isVisible()) << "lines must not jump while somebody types";
     openHtml(u"Clean"_s);
     EXPECT_FALSE(panel()->isVisible());
+}
+
+TEST_F(CheckingTest, EachPlaceHasOneMarkWithAllThatIsToSayOfIt)
+{
+    writeDesign(u"A"_s, Group::Custom, "[[if]]<img src='b.png'>\n<img src='[[LBPicture1]]'>");
+    launch();
+    openHtml(u"A"_s);
+    ASSERT_TRUE(waitForFindings(5));
+    QStringList marks;
+    for (const SMLSyntaxError &error : child<MGSFragariaView>("fragariaView")->syntaxErrors()) {
+        marks << u"%1:%2+%3 %4 %5%6"_s.arg(error.line)
+                     .arg(error.character)
+                     .arg(error.length)
+                     .arg(error.warningLevel())
+                     .arg(error.errorDescription.count(u'\n') + 1)
+                     .arg(error.errorLineHighlightColor == QColor(Qt::transparent) ? u" bare"_s
+                                                                                   : u""_s);
+    }
+    EXPECT_EQ(marks, (QStringList{u"1:1+6 400 2"_s, u"1:7+17 300 1"_s, u"1:17+5 400 1"_s,
+                                  u"2:1+26 300 1 bare"_s}));
 }
 
 TEST_F(CheckingTest, TypingPutsTheCheckOff)
@@ -117,7 +139,7 @@ TEST_F(CheckingTest, TheListAndTheCheckCanBeSwitchedOff)
     launch();
     openHtml(u"A"_s);
     ASSERT_TRUE(waitForFindings(1));
-    giveFocus(list());
+    list()->setFocus();
     QTest::keyClick(list(), Qt::Key_Escape);
     EXPECT_FALSE(panel()->isVisible());
     EXPECT_TRUE(text()->hasFocus());
@@ -129,13 +151,18 @@ TEST_F(CheckingTest, TheListAndTheCheckCanBeSwitchedOff)
     QTest::keyClick(list(), Qt::Key_Escape);
     pressShortcut("actionNextFinding");
     EXPECT_TRUE(panel()->isVisible()) << "it tells what was found there";
-    clickMenuItem("actionShowFindings");
+    pressShortcut("actionShowFindings");
+    EXPECT_TRUE(list()->hasFocus());
+    pressShortcut("actionShowFindings");
     EXPECT_FALSE(panel()->isVisible());
-    clickMenuItem("actionShowFindings");
+    EXPECT_TRUE(text()->hasFocus());
+    pressShortcut("actionShowFindings");
+    EXPECT_TRUE(list()->hasFocus());
 
     clickMenuItem("actionCheckHtml");
     EXPECT_TRUE(editor()->checking()->findings().empty());
     EXPECT_FALSE(panel()->isVisible());
+    EXPECT_TRUE(text()->hasFocus());
     EXPECT_FALSE(count()->isVisible());
     clickMenuItem("actionCheckHtml");
     ASSERT_TRUE(waitForFindings(1));

@@ -21,7 +21,7 @@ void Popover::showRelativeTo(QWidget *anchor)
 void Popover::showRelativeTo(const QRect &rect, QWidget *ofView)
 {
     setParent(ofView->window(), windowFlags());
-    adjustSize();
+    resize(sizeHint()); // adjustSize() has a least size of its own
     const QRect from(ofView->mapToGlobal(rect.topLeft()), rect.size());
     const QRect screen = ofView->screen()->availableGeometry();
     const int below = from.bottom() + 1;

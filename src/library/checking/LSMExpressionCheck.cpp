@@ -1,13 +1,16 @@
 #include "library/checking/LSMExpressionCheck.h"
 
+#include "library/checking/LSMSpelling.h"
 #include "library/LSMDesignKeys.h"
 #include "library/LSMPlaceholders.h"
 #include "platform/Bundle.h"
 #include "platform/Format.h"
 
+#include <algorithm>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
+using LSMPlaceholders::Bracketed;
 using platform::localized;
 using platform::TextRange;
 using enum LSMFinding::Level;
@@ -23,23 +26,29 @@ class Check
 public:
     Check(const QString &html, const QSet<QString> &properties, LSMFindingList &findings,
           const std::stop_token &stop)
-        : m_html(html), m_properties(properties), m_findings(findings),
-          m_stop(stop), m_result{html, {}}
+        : m_html(html), m_names(LSMPlaceholders::knownNames() + properties.values()),
+          m_findings(findings), m_stop(stop), m_result{html, {}}
     {
+        m_names.sort();
     }
 
     Result result();
 
 private:
     void checkUnclosed(TextRange range); ///< Brackets without an end; the range has no others.
-    void checkParts(const LSMPlaceholders::Bracketed &found);
-    void checkExpression(const LSMPlaceholders::Bracketed &found);
-    void checkNames(const LSMPlaceholders::Bracketed &found);
-    void checkDefaultLayout(const LSMPlaceholders::Bracketed &found);
+    void checkParts(const Bracketed &found);
+    void checkExpression(const Bracketed &found);
+    void checkCondition(const Bracketed &found);
+    void checkUnreadable(const Bracketed &found);
+    void checkNames(const Bracketed &found);
+    void checkDefaultLayout(const Bracketed &found);
+    QString textOfUnknown(const QString &name) const;
     void leaveBlank(TextRange range);
+    bool isKnown(const QString &name) const { return std::ranges::binary_search(m_names, name); }
+    QString meant(const Bracketed &found) const; ///< Null where nobody can tell.
 
     const QString &m_html;
-    const QSet<QString> &m_properties;
+    QStringList m_names; ///< That the HTML may have, sorted.
     LSMFindingList &m_findings;
     std::stop_token m_stop;
     Result m_result;
@@ -47,8 +56,19 @@ private:
     QString m_defaultLayout;
 };
 
+/// As it should have been written.
+Bracketed tidied(Bracketed found)
+{
+    static const QRegularExpression keyword(u"^(?:if|endif)\\b"_s,
+                                            QRegularExpression::CaseInsensitiveOption);
+    found.inside = found.inside.simplified();
+    const QString written = keyword.match(found.inside).captured();
+    found.inside.replace(0, written.size(), written.toLower());
+    return found;
+}
+
 /// Its closing brackets are those of something else, further down.
-bool isCutOff(const LSMPlaceholders::Bracketed &found)
+bool isCutOff(const Bracketed &found)
 {
     static const QRegularExpression tag(u"<[/!a-z]"_s, QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression lineEnd(u"[\\r\\n]"_s);
@@ -64,7 +84,7 @@ Result Check::result()
             return std::move(m_result);
         checkUnclosed(TextRange::between(at, found->start));
         at = found->end;
-        checkParts(*found);
+        checkParts(tidied(*found));
         if (isCutOff(*found)) {
             checkUnclosed(TextRange::between(found->start, found->end));
             continue;
@@ -106,14 +126,13 @@ void Check::checkUnclosed(TextRange range)
     }
 }
 
-void Check::checkParts(const LSMPlaceholders::Bracketed &found)
+void Check::checkParts(const Bracketed &found)
 {
     const TextRange range = TextRange::between(found.start, found.end);
-    if (found.beginsPart()) {
+    if (found.beginsPart() || found.inside == "if"_L1) {
         m_open.push_back(range);
     } else if (found.endsPart() && m_open.empty()) {
-        m_findings.add(range, Warning,
-                       localized("There is no “[[if …]]” in front of it that this would end."));
+        m_findings.add(range, Warning, localized("No “[[if …]]” comes before this “[[endif]]”."));
     } else if (found.endsPart()) {
         const TextRange beginning = m_open.back();
         m_open.pop_back();
@@ -122,39 +141,86 @@ void Check::checkParts(const LSMPlaceholders::Bracketed &found)
     }
 }
 
-void Check::checkExpression(const LSMPlaceholders::Bracketed &found)
+void Check::checkExpression(const Bracketed &found)
 {
-    static const QRegularExpression meant(u"^\\s*(?:LB|if\\b|endif\\b|else)"_s,
-                                          QRegularExpression::CaseInsensitiveOption);
-    const TextRange range = TextRange::between(found.start, found.end);
-    if (found.isReadable())
+    const Bracketed better = tidied(found);
+    if (better.inside == "if"_L1)
+        m_findings.add(TextRange::between(found.start, found.end), Warning,
+                       localized("The condition is missing; write “[[if LBTitle]]”, for one."));
+    else if (found.isReadable() && better.endsPart() == found.endsPart())
         checkNames(found);
     else if (found.beginsPart())
+        checkCondition(found);
+    else
+        checkUnreadable(found);
+}
+
+void Check::checkCondition(const Bracketed &found)
+{
+    const QString word = found.misplacedWord();
+    m_findings.add(
+        TextRange::between(found.start, found.end), Warning,
+        word.isNull()
+            ? localized("The condition is not complete, so the part is never shown.")
+            : platform::format(localized("“%@” has no place in the condition, so the part is never "
+                                         "shown; write names with “not”, “and” and “or”."),
+                               word));
+}
+
+QString Check::meant(const Bracketed &found) const
+{
+    const Bracketed better = tidied(found);
+    const bool isOfPart = better.beginsPart() || better.endsPart();
+    if (better.isReadable() && (isOfPart || isKnown(better.inside)))
+        return better.inside;
+    return isOfPart ? QString() : LSMNearestWord(better.inside, m_names);
+}
+
+// A script's brackets may hold anything but words alone.
+void Check::checkUnreadable(const Bracketed &found)
+{
+    static const QRegularExpression ofFormat(u"^\\s*(?:LB|if\\b|endif\\b|else)"_s,
+                                             QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression words(u"^\\s*\\p{L}\\w*(?:\\s+\\w+)*\\s*$"_s,
+                                          QRegularExpression::UseUnicodePropertiesOption);
+    const TextRange range = TextRange::between(found.start, found.end);
+    const QString meant = this->meant(found);
+    if (!meant.isNull())
         m_findings.add(range, Warning,
-                       localized("The condition cannot be read: the part is never there."));
-    else if (found.inside.contains(meant))
-        m_findings.add(range, Warning,
+                       platform::format(localized("Buyers would see this as it stands; did you "
+                                                  "mean “[[%@]]”?"),
+                                        meant));
+    else if (found.inside.contains(ofFormat) || found.inside.contains(words))
+        m_findings.add(range, found.inside.contains(ofFormat) ? Warning : Note,
                        localized("This is no placeholder: buyers would see it as it stands."));
 }
 
-void Check::checkNames(const LSMPlaceholders::Bracketed &found)
+QString Check::textOfUnknown(const QString &name) const
+{
+    const QString nearest = LSMNearestWord(name, m_names);
+    const bool isOfProperty = LSMPlaceholders::isNameOfProperty(name);
+    if (nearest.isNull())
+        return platform::format(isOfProperty ? localized("The design has no property for “%@”.")
+                                             : localized("There is no placeholder “%@”."),
+                                name);
+    return platform::format(
+        isOfProperty ? localized("The design has no property for “%@”; did you mean “%@”?")
+                     : localized("There is no placeholder “%@”; did you mean “%@”?"),
+        name, nearest);
+}
+
+void Check::checkNames(const Bracketed &found)
 {
     qsizetype at = found.start;
     for (const QString &name : found.names()) {
         const TextRange range{m_html.indexOf(name, at), name.size()};
         at = range.end();
-        if (name.startsWith(LSMDesignKeys::layoutMarker, Qt::CaseInsensitive) ||
-            LSMPlaceholders::isKnownName(name) || m_properties.contains(name))
-            continue;
-        m_findings.add(range, Warning,
-                       platform::format(LSMPlaceholders::isNameOfProperty(name)
-                                            ? localized("The design has no property for “%@”.")
-                                            : localized("There is no placeholder “%@”."),
-                                        name));
+        if (!name.startsWith(LSMDesignKeys::layoutMarker, Qt::CaseInsensitive) && !isKnown(name))
+            m_findings.add(range, Warning, textOfUnknown(name));
     }
 }
 
-void Check::checkDefaultLayout(const LSMPlaceholders::Bracketed &found)
+void Check::checkDefaultLayout(const Bracketed &found)
 {
     const qsizetype marker =
         found.inside.indexOf(LSMDesignKeys::layoutMarker, 0, Qt::CaseInsensitive);

@@ -49,6 +49,7 @@ private:
     {
         return QStringView(m_html).sliced(range.location, range.length);
     }
+    TextRange placeOf(const LSMTidy::Message &message) const;
     TextRange tagAt(qsizetype index) const;
     bool isInTag(qsizetype index) const;
 
@@ -104,16 +105,16 @@ void Check::checkForm()
         return;
     m_findings.addLeftOut(messages->leftOut);
     for (const LSMTidy::Message &message : messages->list) {
-        const TextRange tag = tagAt(message.index);
+        const TextRange place = placeOf(message);
         const bool isOfExpression =
             message.subject == LSMTidy::Subject::Attribute &&
-            (original(tag).contains(u"[[") ||
+            (original(place).contains(u"[[") ||
              (!m_expressions.parts.empty() && message.key == "ANCHOR_NOT_UNIQUE"));
         // In a value, as in an address with parameters, "&" need not begin anything.
         const bool isOfValue =
             message.subject == LSMTidy::Subject::Character && isInTag(message.index);
         if (!isOfExpression && !isOfValue)
-            m_findings.add(tag, message.level, message.text);
+            m_findings.add(place, message.level, message.text);
     }
 }
 
@@ -121,6 +122,15 @@ bool Check::isInTag(qsizetype index) const
 {
     const auto next = std::ranges::upper_bound(m_tags, index, {}, &TextRange::location);
     return next != m_tags.begin() && index < std::prev(next)->end();
+}
+
+TextRange Check::placeOf(const LSMTidy::Message &message) const
+{
+    constexpr QStringView comment = u"<!--";
+    const qsizetype start = message.subject == LSMTidy::Subject::Comment
+                                ? m_html.lastIndexOf(comment, message.index)
+                                : -1;
+    return start < 0 ? tagAt(message.index) : TextRange{start, comment.size()};
 }
 
 /// From "<" to ">", or the character there.

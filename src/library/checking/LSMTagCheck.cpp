@@ -1,41 +1,64 @@
 #include "library/checking/LSMTagCheck.h"
 
 #include "platform/Bundle.h"
+#include "platform/Format.h"
 
 #include <algorithm>
 #include <QRegularExpression>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
+using platform::localizable;
 using platform::localized;
 using platform::TextRange;
 using enum LSMFinding::Level;
 
 namespace {
 
-/// Where HTML has the address of one picture.
-struct PictureAddress
+constexpr const char *pictureText =
+    localizable("The picture's address is not https: buyers may not see it.");
+constexpr const char *fileText = localizable("The address is not https: browsers may not load it.");
+
+/// Where HTML has the address of something that is shown with it.
+struct Address
 {
     QLatin1StringView tag; ///< Empty: any.
     QLatin1StringView attribute;
+    const char *text; ///< When it is none that buyers can see.
 };
 
-constexpr PictureAddress pictureAddresses[] = {
-    {"img"_L1, "src"_L1},          {"input"_L1, "src"_L1},    {"image"_L1, "href"_L1},
-    {"image"_L1, "xlink:href"_L1}, {"video"_L1, "poster"_L1}, {""_L1, "background"_L1},
+constexpr Address addresses[] = {
+    {"img"_L1, "src"_L1, pictureText},      {"input"_L1, "src"_L1, pictureText},
+    {"image"_L1, "href"_L1, pictureText},   {"image"_L1, "xlink:href"_L1, pictureText},
+    {"video"_L1, "poster"_L1, pictureText}, {""_L1, "background"_L1, pictureText},
+    {"audio"_L1, "src"_L1, fileText},       {"embed"_L1, "src"_L1, fileText},
+    {"iframe"_L1, "src"_L1, fileText},      {"object"_L1, "data"_L1, fileText},
+    {"source"_L1, "src"_L1, fileText},      {"video"_L1, "src"_L1, fileText},
 };
 
-bool isPictureAddress(const LSMHtmlTags::Tag &tag, const LSMHtmlTags::Attribute &attribute)
+/// Null where it has none.
+const char *textOfAddress(const LSMHtmlTags::Tag &tag, const LSMHtmlTags::Attribute &attribute)
 {
-    return std::ranges::any_of(pictureAddresses, [&](const PictureAddress &one) {
+    const auto found = std::ranges::find_if(addresses, [&](const Address &one) {
         return attribute.is(one.attribute) && (one.tag.isEmpty() || tag.is(one.tag));
     });
+    return found == std::end(addresses) ? nullptr : found->text;
+}
+
+/// Other links are only there to be followed.
+bool isStyleSheet(const LSMHtmlTags::Tag &tag)
+{
+    const LSMHtmlTags::Attribute *relation = tag.attribute("rel"_L1);
+    return tag.is("link"_L1) && relation &&
+           relation->value.contains(u"stylesheet", Qt::CaseInsensitive);
 }
 
 } // namespace
 
 void LSMTagCheck::check(const LSMHtmlTags::Tag &tag)
 {
-    checkPictures(tag);
+    checkAddresses(tag);
+    checkRepetitions(tag);
     checkScript(tag);
 }
 
@@ -44,14 +67,16 @@ QStringView LSMTagCheck::original(QStringView inPlain) const
     return QStringView(m_html).sliced(inPlain.data() - m_plain.constData(), inPlain.size());
 }
 
-void LSMTagCheck::checkPictures(const LSMHtmlTags::Tag &tag)
+void LSMTagCheck::checkAddresses(const LSMHtmlTags::Tag &tag)
 {
     for (const LSMHtmlTags::Attribute &attribute : tag.attributes) {
         if (attribute.value.isNull())
             continue;
         const QStringView value = original(attribute.value);
-        if (isPictureAddress(tag, attribute))
-            checkAddress(value.trimmed());
+        if (const char *text = textOfAddress(tag, attribute))
+            checkAddress(value.trimmed(), text);
+        else if (attribute.is("href"_L1) && isStyleSheet(tag))
+            checkAddress(value.trimmed(), fileText);
         else if (attribute.is("srcset"_L1))
             checkPictureSet(value);
         else if (attribute.is("style"_L1))
@@ -68,7 +93,7 @@ void LSMTagCheck::checkPictureSet(QStringView set)
 {
     static const QRegularExpression start(u"(?:^|,)\\s*([^\\s,]\\S*?)(?=,?(?:\\s|$))"_s);
     for (auto match = start.globalMatch(set); match.hasNext();)
-        checkAddress(match.next().capturedView(1));
+        checkAddress(match.next().capturedView(1), pictureText);
 }
 
 void LSMTagCheck::checkStyle(QStringView css)
@@ -78,10 +103,10 @@ void LSMTagCheck::checkStyle(QStringView css)
         "&#39;(.*?)(?:&#39;|$)|([^\\s)]*))"_s,
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     for (auto match = commentOrAddress.globalMatch(css); match.hasNext();)
-        checkAddress(match.next().capturedView(1));
+        checkAddress(match.next().capturedView(1), pictureText);
 }
 
-void LSMTagCheck::checkAddress(QStringView address)
+void LSMTagCheck::checkAddress(QStringView address, const char *text)
 {
     if (address.isEmpty())
         return; // which is a fault of form
@@ -89,8 +114,25 @@ void LSMTagCheck::checkAddress(QStringView address)
         if (address.startsWith(good, Qt::CaseInsensitive))
             return;
     }
-    m_findings.add({address.data() - m_html.constData(), address.size()}, Warning,
-                   localized("The picture's address is not https: buyers may not see it."));
+    m_findings.add({address.data() - m_html.constData(), address.size()}, Warning, localized(text));
+}
+
+// An expression may leave all but one of them out.
+void LSMTagCheck::checkRepetitions(const LSMHtmlTags::Tag &tag)
+{
+    if (QStringView(m_html).sliced(tag.start, tag.end - tag.start).contains(u"[["))
+        return;
+    QSet<QString> names;
+    for (const LSMHtmlTags::Attribute &attribute : tag.attributes) {
+        const qsizetype count = names.size();
+        names.insert(attribute.name.toString().toLower());
+        if (names.size() == count)
+            m_findings.add({attribute.name.data() - m_plain.constData(), attribute.name.size()},
+                           Warning,
+                           platform::format(localized("“%@” is there already; only the first "
+                                                      "counts."),
+                                            attribute.name.toString()));
+    }
 }
 
 void LSMTagCheck::checkScript(const LSMHtmlTags::Tag &tag)

@@ -3,8 +3,8 @@
 #include "library/checking/LSMFindingList.h"
 #include "library/checking/LSMHtmlTags.h"
 
-/// The rules of the places where listings are shown, for pictures and scripts, held against the
-/// tags of a design's HTML. Borrows what it is made with; any thread.
+/// The rules of the places where listings are shown, for pictures, other files and scripts,
+/// held against the tags of a design's HTML. Borrows what it is made with; any thread.
 class LSMTagCheck
 {
 public:
@@ -18,10 +18,11 @@ public:
 
 private:
     QStringView original(QStringView inPlain) const;
-    void checkPictures(const LSMHtmlTags::Tag &tag);
-    void checkPictureSet(QStringView set);  ///< Of several sizes, in the HTML.
-    void checkStyle(QStringView css);       ///< In the HTML.
-    void checkAddress(QStringView address); ///< Of a picture, in the HTML.
+    void checkAddresses(const LSMHtmlTags::Tag &tag);
+    void checkPictureSet(QStringView set);                    ///< Of several sizes, in the HTML.
+    void checkStyle(QStringView css);                         ///< In the HTML.
+    void checkAddress(QStringView address, const char *text); ///< In the HTML.
+    void checkRepetitions(const LSMHtmlTags::Tag &tag);
     void checkScript(const LSMHtmlTags::Tag &tag);
 
     const QString &m_html;

@@ -14,8 +14,9 @@
 /// (tidy/main.cpp). Any thread, several at a time.
 namespace LSMTidy {
 
-/// What a message is about: the tag at its index, an attribute of that, or a character there.
-enum class Subject { Tag, Attribute, Character };
+/// What a message is about: the tag at its index, an attribute of that, a character there, or the
+/// last comment that begins there or before.
+enum class Subject { Tag, Attribute, Character, Comment };
 
 struct Message
 {

@@ -219,6 +219,7 @@ private:
     qreal heightOfLine(qsizetype line) const;
     QPointF originOfLine(qreal top) const;
     void scrollToCaret();
+    bool isCaretInSight();
     void scrollPositionMayHaveChanged(); ///< Tells of it, and sets the bars.
     void revealInLine(qsizetype line, const QRectF &rect);
     void forgetWidthOf(TextRange range);

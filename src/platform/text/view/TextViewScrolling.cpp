@@ -271,14 +271,25 @@ void TextView::zoom(int steps)
     m_layoutManager->setFont(m_zoom.font());
 }
 
+bool TextView::isCaretInSight()
+{
+    const TextSelection &main = m_selections.main();
+    const QRectF caret = caretRect(main.caret, main.affinity);
+    return !caret.isNull() && QRectF({}, m_scroller.size()).contains(caret.center());
+}
+
+// The place that is being worked on stays in sight.
 void TextView::resizeEvent(QResizeEvent *event)
 {
     QAbstractScrollArea::resizeEvent(event);
     placeRuler();
+    const bool caretWasInSight = isCaretInSight();
     m_scroller.setSize(viewport()->size());
     noteWidths();
     Q_EMIT frameDidChange();
     setScrollPosition(scrollPosition());
+    if (caretWasInSight)
+        scrollToCaret();
 }
 
 void TextView::setRuler(QWidget *ruler)
