@@ -367,8 +367,8 @@
         <translation>&amp;Lotbook-Version:</translation>
     </message>
     <message>
-        <source>General</source>
-        <translation>Allgemein</translation>
+        <source>&amp;General</source>
+        <translation>&amp;Allgemein</translation>
     </message>
     <message>
         <source>Takes effect at the next start of the Layoutsmith.</source>
@@ -1794,8 +1794,8 @@
         <translation>Es gibt schon ein Standardlayout; dieses zählt nicht.</translation>
     </message>
     <message>
-        <source>There is a scheme in the file &quot;%@&quot; already.</source>
-        <translation>In der Datei „%@“ ist bereits ein Schema.</translation>
+        <source>There is already a scheme in the file &quot;%@&quot;.</source>
+        <translation>Es gibt schon ein Schema in der Datei „%@“.</translation>
     </message>
     <message>
         <source>there is no design "%@"</source>
@@ -2028,12 +2028,36 @@ Eine Werkbank für Angebotsdesigns.</translation>
 <context>
     <name>MGSPrefsColourProperties</name>
     <message>
+        <source>Color of lines with findings</source>
+        <translation>Farbe von Zeilen mit Befunden</translation>
+    </message>
+    <message>
+        <source>Color of invisible characters</source>
+        <translation>Farbe unsichtbarer Zeichen</translation>
+    </message>
+    <message>
+        <source>Color of the insertion point</source>
+        <translation>Farbe der Einfügemarke</translation>
+    </message>
+    <message>
+        <source>Color of the current line</source>
+        <translation>Farbe der aktuellen Zeile</translation>
+    </message>
+    <message>
+        <source>Color of the background</source>
+        <translation>Farbe des Hintergrunds</translation>
+    </message>
+    <message>
+        <source>Color of the text</source>
+        <translation>Farbe des Textes</translation>
+    </message>
+    <message>
         <source>Attributes</source>
         <translation>Attribute</translation>
     </message>
     <message>
-        <source>Background:</source>
-        <translation>Hintergrund:</translation>
+        <source>&amp;Background:</source>
+        <translation>&amp;Hintergrund:</translation>
     </message>
     <message>
         <source>Code:</source>
@@ -2044,8 +2068,8 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Farbe der Attribute</translation>
     </message>
     <message>
-        <source>Color of commands</source>
-        <translation>Farbe der Befehle</translation>
+        <source>Color of tags and commands</source>
+        <translation>Farbe der Tags und Befehle</translation>
     </message>
     <message>
         <source>Color of comments</source>
@@ -2080,12 +2104,12 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Zeichenketten über mehrere Zeilen einfärben</translation>
     </message>
     <message>
-        <source>Color what is not closed to the end of its line only</source>
-        <translation>Nicht Geschlossenes nur bis zum Zeilenende einfärben</translation>
+        <source>Unclosed strings and comments end with their line</source>
+        <translation>Nicht Geschlossenes endet mit seiner Zeile</translation>
     </message>
     <message>
-        <source>Commands</source>
-        <translation>Befehle</translation>
+        <source>Tags and commands</source>
+        <translation>Tags und Befehle</translation>
     </message>
     <message>
         <source>Comments</source>
@@ -2096,28 +2120,28 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Vervollständigungen</translation>
     </message>
     <message>
-        <source>Current line:</source>
-        <translation>Aktuelle Zeile:</translation>
+        <source>Current &amp;line:</source>
+        <translation>Aktuelle &amp;Zeile:</translation>
     </message>
     <message>
         <source>Editor:</source>
         <translation>Editor:</translation>
     </message>
     <message>
-        <source>Errors:</source>
-        <translation>Fehler:</translation>
+        <source>&amp;Findings:</source>
+        <translation>&amp;Befunde:</translation>
     </message>
     <message>
-        <source>Insertion point:</source>
-        <translation>Einfügemarke:</translation>
+        <source>&amp;Insertion point:</source>
+        <translation>Einfüge&amp;marke:</translation>
     </message>
     <message>
         <source>Instructions</source>
         <translation>Anweisungen</translation>
     </message>
     <message>
-        <source>Invisible characters:</source>
-        <translation>Unsichtbare Zeichen:</translation>
+        <source>In&amp;visible characters:</source>
+        <translation>&amp;Unsichtbare Zeichen:</translation>
     </message>
     <message>
         <source>Keywords</source>
@@ -2132,16 +2156,16 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Weiteres:</translation>
     </message>
     <message>
-        <source>Scheme:</source>
-        <translation>Schema:</translation>
+        <source>&amp;Scheme:</source>
+        <translation>S&amp;chema:</translation>
     </message>
     <message>
         <source>Strings</source>
         <translation>Zeichenketten</translation>
     </message>
     <message>
-        <source>Text:</source>
-        <translation>Text:</translation>
+        <source>&amp;Text:</source>
+        <translation>&amp;Text:</translation>
     </message>
     <message>
         <source>Variables</source>
@@ -2174,8 +2198,8 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>automatisch</translation>
     </message>
     <message>
-        <source>Color the code</source>
-        <translation>Code einfärben</translation>
+        <source>Color the c&amp;ode</source>
+        <translation>C&amp;ode einfärben</translation>
     </message>
     <message>
         <source>Column of the page guide</source>
@@ -2198,16 +2222,16 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Schrift des Codes</translation>
     </message>
     <message>
-        <source>Font:</source>
-        <translation>Schrift:</translation>
+        <source>&amp;Font:</source>
+        <translation>Sch&amp;rift:</translation>
     </message>
     <message>
         <source>Gutter:</source>
         <translation>Randspalte:</translation>
     </message>
     <message>
-        <source>Highlight the current line</source>
-        <translation>Aktuelle Zeile hervorheben</translation>
+        <source>&amp;Highlight the current line</source>
+        <translation>Aktue&amp;lle Zeile hervorheben</translation>
     </message>
     <message>
         <source>Indent braces automatically</source>
@@ -2218,12 +2242,12 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Neue Zeilen selbsttätig einrücken</translation>
     </message>
     <message>
-        <source>Indent to the next tab stop</source>
+        <source>Indent to the ne&amp;xt tab stop</source>
         <translation>Bis zum nächsten Tabulator einrücken</translation>
     </message>
     <message>
-        <source>Indent width:</source>
-        <translation>Einzugsbreite:</translation>
+        <source>In&amp;dent width:</source>
+        <translation>Ein&amp;zugsbreite:</translation>
     </message>
     <message>
         <source>Indent with spaces</source>
@@ -2234,64 +2258,64 @@ Eine Werkbank für Angebotsdesigns.</translation>
         <translation>Einrücken:</translation>
     </message>
     <message>
-        <source>Insert closing braces</source>
-        <translation>Schließende geschweifte Klammern einsetzen</translation>
+        <source>Insert closing &amp;braces</source>
+        <translation>Schließende geschweifte Kla&amp;mmern einsetzen</translation>
     </message>
     <message>
-        <source>Insert closing parentheses</source>
-        <translation>Schließende Klammern einsetzen</translation>
+        <source>Insert closing &amp;parentheses</source>
+        <translation>S&amp;chließende Klammern einsetzen</translation>
     </message>
     <message>
-        <source>Line height:</source>
-        <translation>Zeilenhöhe:</translation>
+        <source>&amp;Line height:</source>
+        <translation>Zeilen&amp;höhe:</translation>
     </message>
     <message>
-        <source>Show a page guide at column</source>
-        <translation>Seitenlinie zeigen in Spalte</translation>
+        <source>&amp;Show a page guide at column</source>
+        <translation>&amp;Seitenlinie zeigen in Spalte</translation>
     </message>
     <message>
-        <source>Show errors</source>
-        <translation>Fehler zeigen</translation>
+        <source>M&amp;ark lines with findings</source>
+        <translation>Zeilen mit Befunden &amp;kennzeichnen</translation>
     </message>
     <message>
-        <source>Show invisible characters</source>
-        <translation>Unsichtbare Zeichen zeigen</translation>
+        <source>Show &amp;invisible characters</source>
+        <translation>&amp;Unsichtbare Zeichen zeigen</translation>
     </message>
     <message>
-        <source>Show line numbers</source>
-        <translation>Zeilennummern zeigen</translation>
+        <source>Show line &amp;numbers</source>
+        <translation>Zeilen&amp;nummern zeigen</translation>
     </message>
     <message>
-        <source>Show the gutter</source>
-        <translation>Randspalte zeigen</translation>
+        <source>Show the gutte&amp;r</source>
+        <translation>Ran&amp;dspalte zeigen</translation>
     </message>
     <message>
-        <source>Show the matching bracket</source>
-        <translation>Zugehörige Klammer zeigen</translation>
+        <source>Show the &amp;matching bracket</source>
+        <translation>Zu&amp;gehörige Klammer zeigen</translation>
     </message>
     <message>
-        <source>Suggest the language&apos;s keywords</source>
-        <translation>Schlüsselwörter der Sprache vorschlagen</translation>
+        <source>Suggest the language&apos;s &amp;keywords</source>
+        <translation>Schlüsselwörter der S&amp;prache vorschlagen</translation>
     </message>
     <message>
-        <source>Suggest while typing, after</source>
-        <translation>Beim Tippen vorschlagen, nach</translation>
+        <source>Suggest while t&amp;yping, after</source>
+        <translation>Beim T&amp;ippen vorschlagen, nach</translation>
     </message>
     <message>
-        <source>Tab width:</source>
-        <translation>Tabulatorbreite:</translation>
+        <source>&amp;Tab width:</source>
+        <translation>&amp;Tabulatorbreite:</translation>
     </message>
     <message>
-        <source>Underline what is wrong</source>
-        <translation>Falsches unterstreichen</translation>
+        <source>&amp;Underline the findings</source>
+        <translation>Befunde unterstreichen</translation>
     </message>
     <message>
         <source>Width at least:</source>
         <translation>Breite mindestens:</translation>
     </message>
     <message>
-        <source>Wrap lines</source>
-        <translation>Zeilen umbrechen</translation>
+        <source>&amp;Wrap lines</source>
+        <translation>Zeilen um&amp;brechen</translation>
     </message>
 </context>
 <context>

@@ -279,7 +279,7 @@ void MGSColourSchemeController::saveScheme(MGSColourScheme scheme)
         usersFolder() + u'/' + m_saveController->fileName() + u'.' + KMGSColourSchemeExt;
     if (QFile::exists(path) &&
         ZQRunAlertPanel(localized("Replace the scheme?"),
-                        localized("There is a scheme in the file \"%@\" already."),
+                        localized("There is already a scheme in the file \"%@\"."),
                         localized("Replace"), localized("Cancel"), {},
                         QFileInfo(path).fileName()) != ZQAlertFirstButtonReturn)
         return askForName(scheme);
@@ -295,6 +295,8 @@ void MGSColourSchemeController::saveScheme(MGSColourScheme scheme)
     QList<Scheme> schemes = savedSchemes();
     erase_if(schemes, [&path](const Scheme &each) { return each->sourceFile() == path; });
     replaceSchemes(schemes << std::make_shared<MGSColourScheme>(scheme));
+    if (m_schemeMenu)
+        m_schemeMenu->setFocus(); // the button would delete it with the next key
 }
 
 // The values stay; without a scheme of their own they are a custom one.

@@ -5,6 +5,7 @@
 #include "ui_MGSColourSchemeSave.h"
 
 #include <QDialog>
+#include <QPushButton>
 
 using platform::localized;
 
@@ -26,13 +27,15 @@ void MGSColourSchemeSaveController::showSchemeNameGetter(QWidget *parent,
     ui.setupUi(m_sheet);
     ui.schemeNameField->setText(m_schemeName);
     ui.schemeNameField->selectAll();
-    connect(ui.schemeNameField, &QLineEdit::textChanged, this,
-            [this, save = ui.bSave](const QString &name) {
-                m_schemeName = name;
-                save->setEnabled(isSaveButtonEnabled());
-            });
-    connect(ui.bSave, &QPushButton::clicked, this, [this] { closeSheet(true); });
-    connect(ui.bCancel, &QPushButton::clicked, this, [this] { closeSheet(false); });
+    QPushButton *bSave = ui.buttons->addButton(localized("Save"), QDialogButtonBox::AcceptRole);
+    bSave->setObjectName(QStringLiteral("bSave"));
+    ui.buttons->addButton(localized("Cancel"), QDialogButtonBox::RejectRole);
+    connect(ui.schemeNameField, &QLineEdit::textChanged, this, [this, bSave](const QString &name) {
+        m_schemeName = name;
+        bSave->setEnabled(isSaveButtonEnabled());
+    });
+    connect(ui.buttons, &QDialogButtonBox::accepted, this, [this] { closeSheet(true); });
+    connect(ui.buttons, &QDialogButtonBox::rejected, this, [this] { closeSheet(false); });
     connect(m_sheet, &QDialog::finished, this, [this, completion](int result) {
         m_sheet = nullptr; // it deletes itself, and may be asked for again
         completion(result == QDialog::Accepted);

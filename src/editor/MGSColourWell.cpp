@@ -2,7 +2,7 @@
 
 #include "editor/MGSColourValues.h"
 #include "kit/ui/ColorPanel.h"
-#include "platform/Bundle.h"
+#include "platform/Appearance.h"
 
 #include <QColorDialog>
 #include <QPainter>
@@ -42,7 +42,7 @@ void MGSColourWell::setColor(const QColor &color)
 void MGSColourWell::showColorDialog()
 {
     if (!m_dialog) {
-        m_dialog = zq::newColorPanel(window(), platform::localized("Color"), m_color,
+        m_dialog = zq::newColorPanel(window(), accessibleName(), m_color,
                                      [well = QPointer(this)](const QColor &chosen) {
                                          if (well)
                                              well->setColor(chosen);
@@ -60,6 +60,7 @@ void MGSColourWell::paintEvent(QPaintEvent *)
     QPainterPath shape;
     shape.addRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), cornerRadius, cornerRadius);
     zq::paintColor(&painter, shape, m_color);
-    painter.setPen(hasFocus() ? QPen(palette().highlight(), 2) : QPen(palette().mid(), 1));
+    painter.setPen(hasFocus() ? QPen(platform::namedColor(QStringLiteral("accentColor")), 2)
+                              : QPen(palette().mid(), 1));
     painter.drawPath(shape);
 }

@@ -8,6 +8,7 @@
 #include "ui_MGSPrefsCommonViews.h"
 
 #include <QEvent>
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 using platform::localized;
@@ -103,6 +104,9 @@ void MGSPrefsViewController::takePanes(QWidget &from, const QString &hint)
         m_ui->panesColumn->addWidget(m_panes.last());
     }
     m_ui->panesColumn->addStretch();
+    m_ui->panesScrollArea->setMinimumWidth(
+        m_ui->panes->minimumSizeHint().width() +
+        m_ui->panesScrollArea->verticalScrollBar()->sizeHint().width());
     bindControls();
     refresh();
 }
@@ -117,7 +121,7 @@ void MGSPrefsViewController::bindControls()
             continue;
         const QMetaProperty value = widget->metaObject()->userProperty();
         connect(widget, value.notifySignal(), this, changed);
-        m_controls << Control{widget, key, value};
+        m_controls << Control{widget, key, widget->property("enabledBy").toString(), value};
         widget->setFocusPolicy(Qt::StrongFocus); // not by the wheel, which is for the page
         widget->installEventFilter(this);
     }
@@ -148,11 +152,20 @@ void MGSPrefsViewController::showValue(const Control &control)
     control.value.write(control.widget, objectController()->value(control.key));
 }
 
+void MGSPrefsViewController::updateEnabled(const Control &control)
+{
+    const bool isOfUse = control.enabledBy.isEmpty() ||
+                         (m_controller && objectController()->value(control.enabledBy).toBool());
+    control.widget->setEnabled(isOfUse && m_managedProperties->value(control.key).toBool());
+}
+
 void MGSPrefsViewController::valueDidChange(const QString &key)
 {
     for (const Control &control : std::as_const(m_controls)) {
         if (control.key == key)
             showValue(control);
+        if (control.enabledBy == key)
+            updateEnabled(control);
     }
     updateRestoreButton();
 }
@@ -170,7 +183,7 @@ void MGSPrefsViewController::updateRestoreButton()
 void MGSPrefsViewController::refresh()
 {
     for (const Control &control : std::as_const(m_controls)) {
-        control.widget->setEnabled(m_managedProperties->value(control.key).toBool());
+        updateEnabled(control);
         QFont font;
         font.setItalic(m_managedGlobalProperties->value(control.key).toBool());
         control.widget->setFont(font);

@@ -75,11 +75,13 @@ private:
     {
         QWidget *widget;
         QString key;
+        QString enabledBy; ///< The switch that it is of use with; empty: always.
         QMetaProperty value;
     };
 
     void bindControls();
     void showValue(const Control &control);
+    void updateEnabled(const Control &control);
     void valueDidChange(const QString &key);
     void refresh();
     void updateRestoreButton();

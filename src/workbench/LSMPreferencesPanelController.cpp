@@ -13,6 +13,7 @@
 
 #include <QCoreApplication>
 #include <QPainter>
+#include <QScreen>
 #include <QShortcut>
 
 using platform::localizable;
@@ -24,6 +25,7 @@ namespace {
 const QString versionKey = QStringLiteral("lotbookApplicationIdentifier");
 const QString labelKey = QStringLiteral("finderLabelInt");
 constexpr int swatchSize = 12;
+constexpr QSize frameOfWindow(16, 48); // about as much as it takes at most
 
 struct FinderLabel
 {
@@ -73,7 +75,13 @@ void LSMPreferencesPanelController::showWindow(QWidget *parent)
         m_window = new QDialog(parent);
         m_ui->setupUi(m_window);
         windowDidLoad();
+        m_window->resize(
+            m_window->size().boundedTo(m_window->screen()->availableSize() - frameOfWindow));
+        connect(m_window, &QDialog::finished, this,
+                [this] { m_geometry = m_window->saveGeometry(); });
     }
+    if (!m_window->isVisible())
+        m_window->restoreGeometry(m_geometry);
     m_window->show();
     m_window->raise();
     m_window->activateWindow();
@@ -106,7 +114,7 @@ void LSMPreferencesPanelController::addEditorPages()
         new MGSPrefsEditorPropertiesViewController, new MGSPrefsColourPropertiesViewController};
     for (MGSPrefsViewController *page : editorPages) {
         page->setUserDefaultsController(MGSUserDefaultsController::sharedController());
-        pages->addTab(page, page->toolbarItemImage(), page->toolbarItemLabel());
+        pages->addTab(page, page->toolbarItemImage(), u'&' + page->toolbarItemLabel());
     }
 }
 

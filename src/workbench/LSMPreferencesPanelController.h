@@ -38,4 +38,5 @@ private:
 
     std::unique_ptr<Ui::LSMPreferencesPanelController> m_ui;
     QPointer<QDialog> m_window;
+    QByteArray m_geometry; ///< Of the window when it was closed.
 };

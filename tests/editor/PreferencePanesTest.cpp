@@ -150,6 +150,8 @@ TEST_F(PreferencePanes, ControlsAndViewsFollowEachOther)
     QTest::keyClick(column, Qt::Key_Return);
     EXPECT_EQ(view.pageGuideColumn(), 132);
     auto *delay = control<QDoubleSpinBox>("autoCompleteDelay");
+    EXPECT_FALSE(delay->isEnabled()) << "without suggestions there is none";
+    view.setAutoCompleteEnabled(true);
     QTest::keyClick(delay, Qt::Key_Down);
     EXPECT_DOUBLE_EQ(view.autoCompleteDelay(), 0.95);
     auto *height = control<QDoubleSpinBox>("lineHeightMultiple");

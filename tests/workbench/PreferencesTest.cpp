@@ -166,12 +166,16 @@ TEST_F(PreferencesTest, AnUnknownVersionSelectsNoneAndTheOneWindowComesBack)
     store(versionKey, QStringLiteral("com.quillbyte.lotbook10"));
     open();
     EXPECT_EQ(versions()->currentIndex(), -1);
-    const QDialog *first = panel();
+    QDialog *first = panel();
+    first->move(40, 60);
+    first->resize(520, 400);
+    const QRect place = first->geometry();
     QTest::keyClick(panel(), Qt::Key_Escape);
     EXPECT_FALSE(first->isVisible());
     pressShortcut("actionPreferences");
     EXPECT_EQ(panel(), first);
     EXPECT_TRUE(first->isVisible());
+    EXPECT_EQ(first->geometry(), place);
     quit();
     EXPECT_FALSE(panel()) << "it goes with the main window";
 }
@@ -181,9 +185,9 @@ TEST_F(PreferencesTest, PagesAreTurnedByKeyboard)
     open();
     auto *tabs = panel()->findChild<QTabBar *>();
     ASSERT_EQ(tabs->count(), 3);
-    EXPECT_EQ(tabs->tabText(0), QStringLiteral("General"));
-    EXPECT_EQ(tabs->tabText(1), QStringLiteral("Editor"));
-    EXPECT_EQ(tabs->tabText(2), QStringLiteral("Colors"));
+    EXPECT_EQ(tabs->tabText(0), QStringLiteral("&General"));
+    EXPECT_EQ(tabs->tabText(1), QStringLiteral("&Editor"));
+    EXPECT_EQ(tabs->tabText(2), QStringLiteral("&Colors"));
     for (int page = 0; page < 3; ++page)
         EXPECT_FALSE(tabs->tabIcon(page).isNull());
     giveFocus(tabs);
